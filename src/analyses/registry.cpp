@@ -1,0 +1,57 @@
+#include "analyses/registry.h"
+
+#include <algorithm>
+
+namespace quorval {
+namespace {
+
+constexpr MenuEntry kMethodEvaluation[] = {
+    {"Detection Limit (DL) and LOQ:"},
+    {"Precision (Single Level):"},
+    {"Precision Profile:"},
+    {"Trueness (Accuracy) Profile:"},
+    {"Linearity:"},
+};
+
+constexpr MenuEntry kStatisticsMenu[] = {
+    {.caption = "&Method Evaluation", .chooser = kMethodEvaluation},
+    {"&Control Chart"},
+    {"&Difference Plot (Bland-Altman)"},
+    {"&Ord. Least Squares Regression Analysis", &regression::kOls},
+    {"&Weighted  Least Squares Regression Analysis"},
+    {"D&eming Regression Analysis"},
+    {"Weighted De&ming Regression Analysis"},
+    {"Passing-Bablok regression"},
+    {"Polynomial Regression Analysis"},
+    {"&Reference Interval"},
+    {"D&iagnostic test Evaluation"},
+    {"&Comparison of Diagnostic tests"},
+    {"&General Statistics: One Sample"},
+    {"General Statistics: &Two Samples (t-test etc)"},
+    {"General Statistics: Several Samples "},
+};
+
+void Collect(std::span<const MenuEntry> menu, std::vector<MenuEntry>& entries) {
+  for (const MenuEntry& entry : menu) {
+    if (entry.analysis != nullptr) entries.push_back(entry);
+    Collect(entry.chooser, entries);
+  }
+}
+
+}  // namespace
+
+std::span<const MenuEntry> StatisticsMenu() { return kStatisticsMenu; }
+
+std::vector<MenuEntry> Analyses() {
+  std::vector<MenuEntry> entries;
+  Collect(kStatisticsMenu, entries);
+  return entries;
+}
+
+const Analysis* FindAnalysis(std::string_view id) {
+  for (const MenuEntry& entry : Analyses())
+    if (entry.analysis->id == id) return entry.analysis;
+  return nullptr;
+}
+
+}  // namespace quorval

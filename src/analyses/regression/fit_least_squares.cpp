@@ -1,0 +1,40 @@
+#include "analyses/regression/fit_least_squares.h"
+
+namespace quorval::regression {
+
+std::optional<LineFit> FitLeastSquares(std::span<const Real> x, std::span<const Real> y) {
+  LineFit fit;
+  const Real n = fit.n = x.size();
+  const Real mean_x = fit.mean_x = Sum(x) / n;
+  const Real mean_y = Sum(y) / n;
+
+  Real Sxy;
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    fit.Sxx += Square(mean_x - x[i]);
+    Sxy += (mean_y - y[i]) * (mean_x - x[i]);
+  }
+  if (fit.Sxx == 0) return std::nullopt;
+
+  fit.b = Sxy / fit.Sxx;
+  fit.a0 = mean_y - mean_x * fit.b;
+
+  Real squares;
+  for (std::size_t i = 0; i < x.size(); ++i) squares += Square(fit.At(x[i]) - y[i]);
+  fit.SDyx = Sqrt(squares / (n - 2));
+  fit.se_b = fit.SDyx / Sqrt(fit.Sxx);
+  fit.se_a0 = fit.SDyx * Sqrt(1 / n + Square(mean_x) / fit.Sxx);
+  return fit;
+}
+
+Bands ComputeBands(const LineFit& fit, const BandPositions& positions, Real tcrit) {
+  Bands bands{.u = positions};
+  for (std::size_t k = 0; k < positions.size(); ++k) {
+    const Real margin = tcrit * fit.SeAt(positions[k]);
+    bands.estimate[k] = fit.At(positions[k]);
+    bands.lower[k] = bands.estimate[k] - margin;
+    bands.upper[k] = bands.estimate[k] + margin;
+  }
+  return bands;
+}
+
+}  // namespace quorval::regression

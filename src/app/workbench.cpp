@@ -1,0 +1,179 @@
+#include "app/workbench.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "results/picture_file.h"
+#include "results/print.h"
+
+namespace quorval {
+namespace {
+
+constexpr std::string_view kWorksheetHeader = "/cQuorval - Data/rPage #/p/n";
+constexpr std::string_view kHelpFile = "DOCQUORVAL.hlp";
+constexpr std::string_view kTutorialFile = "Tutorial.hlp";
+
+// The boxes of a run.  The wait pointer is taken back before any of them.
+class RunMessages : public Messages {
+ public:
+  explicit RunMessages(Platform& platform) : platform_(platform) {}
+  void Tell(std::string_view text) override {
+    platform_.ShowWaitPointer(false);
+    platform_.Show({.text = std::string(text)});
+  }
+
+ private:
+  Platform& platform_;
+};
+
+// The hourglass for the length of a step.
+class WaitPointer {
+ public:
+  explicit WaitPointer(Platform& platform) : platform_(platform) {
+    platform_.ShowWaitPointer(true);
+  }
+  ~WaitPointer() { platform_.ShowWaitPointer(false); }
+  WaitPointer(const WaitPointer&) = delete;
+  WaitPointer& operator=(const WaitPointer&) = delete;
+
+ private:
+  Platform& platform_;
+};
+
+Plot* FindPlot(std::vector<Plot>& plots, std::string_view window) {
+  const auto found = std::ranges::find(plots, window, &Plot::window);
+  return found == plots.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+void Workbench::Tell(std::string_view text) { platform_.Show({.text = std::string(text)}); }
+
+// --- The project
+
+bool Workbench::MayReplaceProject() {
+  if (!project_.HasData()) return true;
+  return platform_.Show(
+             {.text = "Notice that existing project data and results are lost, Still proceed?",
+              .buttons = Buttons::kYesNo,
+              .critical = true}) == Answer::kYes;
+}
+
+bool Workbench::ImportExample(const Example& example) {
+  if (!MayReplaceProject()) return false;
+  project_.TakeExample(example.name, example.note);
+  WriteExample(example, worksheet());
+  return true;
+}
+
+void Workbench::PrintWorksheet() {
+  const PrintJob job = SheetPage(worksheet().grid(), kWorksheetHeader);
+  if (!platform_.Print({&job, 1})) Tell("Error");
+}
+
+void Workbench::PrintWorksheetAtOnce() {
+  PrintJob job = SheetPage(worksheet().grid(), {});
+  job.footer.clear();
+  if (!platform_.Print({&job, 1})) Tell("Error");
+}
+
+// --- An analysis
+
+OpenAnalysis& Workbench::Open(const Analysis& analysis) {
+  const auto found = std::ranges::find(open_, &analysis, &OpenAnalysis::analysis);
+  if (found == open_.end()) return open_.emplace_back(analysis);
+  if (!found->results || !found->results->shown) found->dialog_shown = true;
+  return *found;
+}
+
+Outcome Workbench::PressOk(OpenAnalysis& open) {
+  const WaitPointer wait(platform_);
+  if (const Rule* broken = open.form.BrokenRule()) {
+    RunMessages(platform_).Tell(broken->words);
+    return Outcome::kRefused;
+  }
+  RunProcedure(open);
+  return open.results->outcome;
+}
+
+void Workbench::RunProcedure(OpenAnalysis& open) {
+  const Procedure& procedure = ProcedureFor(*open.analysis, open.form);
+  ResultsWindow& window = open.results.emplace(
+      ResultsWindow{&procedure, procedure.title(open.form), ResultsSheet(project_.context())});
+  RunMessages messages(platform_);
+  Run run{open.form, project_.worksheet(), project_.context(), messages, window.sheet};
+  window.outcome = Execute(procedure, run);
+  window.sheet.PaintHead();
+  window.shown =
+      window.outcome == Outcome::kDone || procedure.failure.aftermath == Aftermath::kWindowStays;
+  open.dialog_shown = !window.shown;
+  TakePlots(window, window.shown ? std::move(run.plots) : std::vector<Plot>{});
+}
+
+// Windows of an earlier run under the same names go; those that the run left empty open empty.
+void Workbench::TakePlots(ResultsWindow& window, std::vector<Plot> plots) {
+  if (window.shown)
+    for (std::string_view name : window.procedure->plot_windows)
+      if (FindPlot(plots, name) == nullptr) plots.push_back({.window = std::string(name)});
+  for (Plot& plot : plots) {
+    std::erase_if(plots_, [&](const Plot& old) { return old.window == plot.window; });
+    window.plot_windows.push_back(plot.window);
+    plots_.push_back(std::move(plot));
+  }
+}
+
+void Workbench::UnloadResults(OpenAnalysis& open) {
+  if (!open.results) return;
+  std::erase_if(plots_, [&](const Plot& plot) { return Shows(open, plot); });
+  open.results.reset();
+}
+
+void Workbench::BackToOptions(OpenAnalysis& open) {
+  UnloadResults(open);
+  open.dialog_shown = true;
+}
+
+void Workbench::Exit(OpenAnalysis& open) {
+  UnloadResults(open);
+  open_.remove_if([&](const OpenAnalysis& one) { return &one == &open; });
+}
+
+// --- A results window
+
+void Workbench::PrintResults(OpenAnalysis& open) {
+  const PrintJob job = SheetPage(open.results->sheet.grid(), open.results->procedure->print_header);
+  if (!platform_.Print({&job, 1})) Tell("Error");
+}
+
+void Workbench::PrintPlots(OpenAnalysis& open, std::string_view entry) {
+  std::vector<const PlotJob*> jobs;
+  for (const PlotJob& job : open.results->procedure->plot_jobs)
+    if (job.entry == entry) jobs.push_back(&job);
+  if (!quorval::PrintPlots(platform_, jobs, plots_, project_.context().AppFolder)) Tell("Error");
+}
+
+void Workbench::AddPlotToSheet(const Plot& plot) {
+  const auto owner = std::ranges::find_if(
+      open_, [&](const OpenAnalysis& open) { return open.results && Shows(open, plot); });
+  if (owner == open_.end()) return;
+  Picture picture = PictureOf(platform_, plot, project_.context().AppFolder / " Chart2D1Res.bmp");
+  if (!picture) return Tell("Error");
+  AddPictureBelow(owner->results->sheet.grid(), std::move(picture));
+}
+
+bool Shows(const OpenAnalysis& open, const Plot& plot) {
+  return open.results && std::ranges::count(open.results->plot_windows, plot.window) > 0;
+}
+
+// --- Help
+
+void Workbench::ShowHelp(bool search) {
+  if (!platform_.OpenHelp(kHelpFile, search))
+    Tell("Unable to display Help Contents. There is no Help associated with this project.");
+}
+
+void Workbench::ShowTutorial() {
+  if (!platform_.OpenHelp(kTutorialFile, false)) Tell("Error in Tutorial");
+}
+
+}  // namespace quorval

@@ -1,0 +1,80 @@
+// The declaration of an analysis: a record with a routine in it.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "core/dialog.h"
+#include "core/run.h"
+
+namespace quorval {
+
+// What becomes of the results window when a run fails.
+enum class Aftermath {
+  kWindowStays,     // open, with the rows written so far
+  kWindowCloses,    // the dialog is shown again
+  kWindowNotShown,  // the dialog stays
+};
+
+// What the user sees of a failed run.
+struct FailurePolicy {
+  std::string_view fault{};   // the words for a Fault that no routine has claimed
+  std::string_view second{};  // the box after a routine's own; empty: none
+  Aftermath aftermath = Aftermath::kWindowStays;
+};
+
+// One picture of a printed plot page.
+struct PlotPicture {
+  std::string_view window;
+  std::string_view bitmap;  // the file that is left in the program folder, its leading blank kept
+  double height;            // points
+};
+
+// A print job of plots.  Jobs without an entry of their own are printed one after the other by the
+// window's common entry.
+struct PlotJob {
+  std::span<const PlotPicture> pictures;
+  std::string_view entry{};
+};
+
+// The File menu of a results window.
+struct FileMenu {
+  std::string_view back{};  // goes back to the options; empty: there is no such entry
+  std::string_view print = "&Print Results";
+  std::string_view save = "&Save as";
+  std::string_view export_results = "&Export";
+  std::string_view print_plots = "P&rint Plots";
+  std::string_view exit = "&Exit";
+};
+
+// One way in which an analysis runs: its results window and the routine that fills it.
+struct Procedure {
+  When when{};  // of an analysis' procedures the first runs whose condition holds
+  std::string_view window;
+  std::string (*title)(const Form&);
+  FileMenu menu{};
+  std::string_view print_header{};
+  std::span<const PlotJob> plot_jobs{};
+  std::span<const std::string_view> plot_windows{};  // open beside the results, filled or not
+  bool offers_tutorial = false;                      // "&Tutorial" in the Help menu
+  FailurePolicy failure{};
+  void (*run)(Run&);
+};
+
+struct Analysis {
+  std::string_view id;  // what the batch program calls it
+  const Dialog* dialog;
+  std::span<const Procedure> procedures;
+  std::string_view manual;  // its page of the manual
+};
+
+// The procedure that a form chooses.
+const Procedure& ProcedureFor(const Analysis& analysis, const Form& form);
+
+enum class Outcome { kDone, kRefused };
+
+// The one place where a run is started, guarded and ended.
+Outcome Execute(const Procedure& procedure, Run& run);
+
+}  // namespace quorval

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/dialog.h"
+#include "core/real.h"
+
+namespace quorval {
+
+// The values of one loaded dialog, and of the dialogs behind its buttons: a text for each field.
+// The verb that reads a field says the type that is read.
+class Form {
+ public:
+  explicit Form(const Dialog& dialog);
+
+  const std::string& Text(const Field& field) const { return TextOf(field.key); }
+  const std::string& TextOf(std::string_view key) const;
+
+  // The number the text starts with, 0 where there is none; a Fault beyond 32 bits.
+  Real Number(const Field& field) const;
+  // The same, rounded to 32 bits.
+  Single Number32(const Field& field) const { return Single(Number(field)); }
+  // The whole text as a 16-bit integer; a Fault where it is none.
+  int Column(const Field& field) const;
+
+  bool On(const Field& check) const { return Text(check) == "on"; }
+  bool Is(const Field& choice, std::string_view word) const { return Text(choice) == word; }
+  bool Blank(const Field& field) const { return Text(field).empty(); }
+
+  bool Holds(const When& when) const;
+  bool Holds(const Conditions& conditions) const;
+
+  // The field of this key; null where there is none.
+  const Field* Find(std::string_view key) const;
+  void Set(std::string_view key, std::string_view text);
+  // Every field of one dialog (not of those behind it) back to its default.
+  void Reset(const Dialog& dialog);
+
+  const Dialog& dialog() const { return *dialog_; }
+  // The fields that hold a value, in the order of the dialogs.
+  const std::vector<const Field*>& fields() const { return fields_; }
+
+  // The first rule that is broken; null when OK may go on.
+  const Rule* BrokenRule() const;
+
+ private:
+  void Take(const Dialog& dialog);
+  std::size_t IndexOf(std::string_view key) const;
+
+  const Dialog* dialog_;
+  std::vector<const Field*> fields_;
+  std::vector<std::string> texts_;
+};
+
+}  // namespace quorval

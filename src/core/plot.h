@@ -1,0 +1,66 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "core/grid.h"
+#include "core/real.h"
+
+namespace quorval {
+
+struct Point {
+  Real x, y;
+};
+using Points = std::vector<Point>;
+
+// Points of the abscissae and ordinates of equal length.
+Points Zip(std::span<const Real> x, std::span<const Real> y);
+
+enum class Draw { kPoints, kLine, kBars, kPointsAndLine };
+enum class Mark { kDot, kCross };  // a measurement, and one that is marked apart
+enum class Pattern { kSolid, kDashed, kDotted };
+
+struct Series {
+  Draw draw = Draw::kPoints;
+  Points points{};
+  Mark mark = Mark::kDot;
+  Pattern pattern = Pattern::kSolid;
+  std::optional<Colour> colour{};  // none: the chart's own
+  Real bar_width{};                // of bars, in units of x; they stand centred on their x
+};
+
+// The ends of an axis where an analysis fixes them.
+struct Axis {
+  std::string title{};
+  std::optional<Real> min{}, max{};
+};
+
+// The lines that "Redraw lines" draws anew between the ends of the x axis: the fitted one, which is
+// series 3, and the identity line, which is series 4.
+struct RedrawnLines {
+  Real a0, b;
+};
+
+// A plot window: series and axes, and no statistics.  Series are counted from 1.
+struct Plot {
+  std::string window;
+  std::string caption{};  // of the window
+  std::string header{};   // above the chart
+  std::string label{};    // a text beside the chart
+  bool shown = true;
+  Axis x{}, y{};
+  std::vector<Series> series{};
+  std::optional<RedrawnLines> lines{};
+
+  Series& Add(Series s);
+  Series& AddPoints(Points points, Mark mark = Mark::kDot);
+  Series& AddLine(Points points, Pattern pattern = Pattern::kSolid);
+
+  // Sets series 3 and 4 anew between the two abscissae.
+  void RedrawLines(Real x_min, Real x_max);
+};
+
+}  // namespace quorval

@@ -1,0 +1,59 @@
+#include "core/results_sheet.h"
+
+#include <array>
+#include <string>
+#include <utility>
+
+#include "core/conversion.h"
+
+namespace quorval {
+namespace {
+
+constexpr int kMostDecimals = 30;
+
+std::uint8_t ToDecimals(std::string_view text) {
+  const int decimals = ToInt16(text);
+  if (decimals < 0 || decimals > kMostDecimals) Raise(Fault::Kind::kBadArgument);
+  return static_cast<std::uint8_t>(decimals);
+}
+
+}  // namespace
+
+void ResultsSheet::Frame(std::string_view title) {
+  Row(2, Bold{title});
+  Row(3, "  Project:", context_->ProjectName);
+  Row(4, "  Analyst: ");
+  Row(5, "  Analyte: ", Blank{}, "  Date: ");
+}
+
+void ResultsSheet::Put(int row, int column, std::string_view text) {
+  Cell cell;
+  cell.text = text;
+  grid_.Edit(column, row) = std::move(cell);
+}
+
+void ResultsSheet::Put(int row, int column, Bold heading) {
+  Put(row, column, heading.text);
+  grid_.Edit(column, row).look.bold = true;
+}
+
+void ResultsSheet::Put(int row, int column, int count) {
+  grid_.Edit(column, row) = EditNumber(count);
+}
+
+void ResultsSheet::Put(int row, int column, Real number) {
+  Cell cell;
+  cell.look.type = CellType::kNumber;
+  cell.look.decimals = ToDecimals(context_->NDec);
+  cell.value = Raw(number);
+  grid_.Edit(column, row) = std::move(cell);
+}
+
+void ResultsSheet::PaintHead() {
+  constexpr std::array<std::pair<int, int>, 5> kHeaderCells{
+      {{1, 1}, {2, 1}, {2, 2}, {2, 3}, {2, 4}}};  // column, row
+  for (auto [column, row] : kHeaderCells) grid_.Edit(column, row).look.overflow = true;
+  for (int column = 1; column <= kColumns; ++column) grid_.Edit(column, 1).look.colour = kGrey;
+}
+
+}  // namespace quorval

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "core/context.h"
+#include "core/failure.h"
+#include "core/form.h"
+#include "core/messages.h"
+#include "core/plot.h"
+#include "core/results_sheet.h"
+#include "core/worksheet.h"
+
+namespace quorval {
+
+// One run of an analysis: all it may read and all it may write.
+struct Run {
+  const Form& form;
+  const Worksheet& worksheet;
+  const Context& context;
+  Messages& messages;
+  ResultsSheet& sheet;
+  std::vector<Plot> plots{};  // in the order in which they were filled
+
+  [[noreturn]] void Refuse(std::string_view words) const {
+    messages.Tell(words);
+    throw Refusal{};
+  }
+
+  Plot& AddPlot(std::string_view window, std::string_view caption) {
+    return plots.emplace_back(Plot{.window = std::string(window), .caption = std::string(caption)});
+  }
+};
+
+}  // namespace quorval

@@ -1,0 +1,77 @@
+// The machine, as the program sees it: boxes, files, printing, clipboard, settings, help.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/grid.h"
+#include "core/plot.h"
+
+namespace quorval {
+
+enum class Buttons { kOk, kYesNo };
+enum class Answer { kOk, kYes, kNo };
+
+struct MessageBox {
+  std::string text;
+  std::string title{};
+  Buttons buttons = Buttons::kOk;
+  bool critical = false;  // the icon
+};
+
+// What a file dialog shows.
+struct FileQuestion {
+  std::string title;
+  std::vector<std::string> filters;  // "Excel file (*.xls)|*.xls"
+  std::filesystem::path folder{};
+  std::string proposed_name{};
+  std::string default_extension{};
+};
+
+// A twip is 1/1440 inch.
+struct Margins {
+  int top, bottom, left, right;
+};
+
+// One sheet to be printed.  In header and footer "/c" centres what follows, "/r" sets it right,
+// "/p" is the page number and "/n" a new line.
+struct PrintJob {
+  const Grid* grid;  // its used range is printed; it lives until Print() returns
+  std::string header{}, footer{};
+  bool border = false;
+  bool grid_lines = false;
+  std::vector<double> row_heights{};    // points, from row 1 on; the usual height below the last
+  std::vector<double> column_widths{};  // characters, likewise; else as wide as the texts
+  bool colour = true;
+  Margins margins{1440, 1440, 720, 720};  // twips
+  std::string name = "Quorval";
+  std::string abort_message = "Printing - Click Cancel to quit";
+};
+
+class Platform {
+ public:
+  virtual ~Platform() = default;
+
+  virtual Answer Show(const MessageBox& box) = 0;
+  virtual void ShowWaitPointer(bool on) = 0;
+
+  virtual std::optional<std::filesystem::path> AskOpen(const FileQuestion& question) = 0;
+  virtual std::optional<std::filesystem::path> AskSave(const FileQuestion& question) = 0;
+
+  // Jobs that belong together, in one go.  False when they could not be printed.
+  virtual bool Print(std::span<const PrintJob> jobs) = 0;
+  // Writes a plot's picture, by the path's extension; false when it could not be written.
+  virtual bool WritePicture(const Plot& plot, const std::filesystem::path& path) = 0;
+
+  virtual std::optional<int> Setting(std::string_view key) = 0;
+  virtual void SetSetting(std::string_view key, int value) = 0;
+
+  // Opens a help file by name, at its contents or at its search.  False when there is none.
+  virtual bool OpenHelp(std::string_view file, bool search) = 0;
+};
+
+}  // namespace quorval
