@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QLocale>
+#include <QString>
+
+#include "core/grid.h"
+
+namespace quorval {
+
+// What a cell shows where the locale is: a number has the locale's decimal sign and no thousands
+// mark; any other text stands as it is.
+QString ShownText(const Cell& cell, const QLocale& locale);
+
+// What the user typed or pasted, with a point for the locale's decimal sign where the whole text is
+// a number by it; else as it is.
+QString StoredText(const QString& typed, const QLocale& locale);
+
+}  // namespace quorval
