@@ -1,0 +1,348 @@
+// Expected numbers come from tests/independent/ordinary_least_squares.py, which sums Sxx in 32
+// bits.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "analyses/registry.h"
+#include "app/example_data.h"
+#include "support/transcript.h"
+
+namespace quorval::test {
+namespace {
+
+using testing::DoubleNear;
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+constexpr double kDigits = 1e-12;
+
+Columns SingleSet() { return {TextsOf(example_data::kA), TextsOf(example_data::kB)}; }
+Columns DuplicateSet() {
+  return {TextsOf(example_data::kA), TextsOf(example_data::kC), TextsOf(example_data::kB),
+          TextsOf(example_data::kD)};
+}
+
+// 40 points on the line y = x with small residuals, and six points 8 above or below it.
+Columns WithSixOutliers() {
+  constexpr std::array<double, 6> kSmall{0.25, -0.5, 0.125, -0.125, 0.5, -0.25};
+  std::vector<double> x, y;
+  for (int i = 0; i < 40; ++i) {
+    x.push_back(i + 1);
+    y.push_back(x.back() + kSmall[static_cast<std::size_t>(i % 6)]);
+    if (i % 7 == 2) y.back() += i % 2 == 0 ? 8 : -8;
+  }
+  return {TextsOf(x), TextsOf(y)};
+}
+
+struct Number {
+  int row, column;
+  double value;
+};
+
+void ExpectNumbers(const Transcript& told, std::initializer_list<Number> numbers) {
+  for (const auto& [row, column, value] : numbers) {
+    EXPECT_THAT(told.Value(row, column), DoubleNear(value, kDigits)) << row << ", " << column;
+    EXPECT_EQ(told.sheet.At(column, row).look.type, CellType::kNumber) << row << ", " << column;
+  }
+}
+
+// The texts of columns 1 to 3; an empty one is not looked at, but in column 1.
+struct Label {
+  int row;
+  std::string_view first, second{}, third{};
+};
+
+void ExpectLabels(const Transcript& told, std::initializer_list<Label> labels) {
+  for (const auto& [row, first, second, third] : labels) {
+    EXPECT_EQ(told.Text(row, 1), first) << row;
+    if (!second.empty()) {
+      EXPECT_EQ(told.Text(row, 2), second) << row;
+    }
+    if (!third.empty()) {
+      EXPECT_EQ(told.Text(row, 3), third) << row;
+    }
+  }
+}
+
+TEST(Ols, WritesItsSheetRowByRow) {
+  Context context;
+  context.ProjectName = "Glucose";
+  const Transcript told =
+      RunAnalysis(regression::kOls, SingleSet(), {{"xc1", "5"}, {"xc2", "20.1"}}, context);
+  ASSERT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(told.boxes, IsEmpty());
+  ExpectLabels(told, {{1, ""},
+                      {2, "  Results of Ordinary Least-Squares Regression Analysis"},
+                      {3, "  Project:", "Glucose"},
+                      {4, "  Analyst: "},
+                      {5, "  Analyte: ", "", "  Date: "},
+                      {6, "  Number of (x, y) data points", "25"},
+                      {7, "  x: Col no.", "2"},
+                      {8, "  y: Col no.", "3"},
+                      {9, ""},
+                      {10, ""},
+                      {11, "  Slope b", "0.9959"},
+                      {12, "  SE b"},
+                      {13, "  95%-Conf. Int."},
+                      {14, "  Test for slope deviation from 1"},
+                      {15, "  t  and  P", "-0.1120", " n.s."},
+                      {16, "  Correlation coefficient", "0.9851", " P < 0.001 "},
+                      {17, "  SDyx"},
+                      {18, "  Test for dev. from linearity", " n.s. "},
+                      {19, "  Intercept  a0"},
+                      {20, "  SE a0"},
+                      {21, "  95%-Conf. Int."},
+                      {22, "  Test for intercept deviation from 0"},
+                      {23, "  t  and  P", "0.5331", " n.s."},
+                      {24, "  Critical value Xc1"},
+                      {25, "  Difference Yc1 - Xc1 with SE"},
+                      {26, "  Critical value Xc2"},
+                      {27, "  Difference Yc2 - Xc2 with SE"},
+                      {28, "  No outliers identified"},
+                      {29, "  Outlier limit: No. of SDs", "4.0000"},
+                      {30, ""}});
+  EXPECT_TRUE(told.sheet.At(1, 2).look.bold);
+  EXPECT_EQ(told.sheet.At(2, 6).look.type, CellType::kEdit);
+  EXPECT_EQ(told.sheet.DataRowCnt(), 29);
+  constexpr double kT = 2.069;  // 23 degrees of freedom
+  ExpectNumbers(told, {{11, 2, 0.9959432692019468},
+                       {12, 2, 0.036214900040684166},
+                       {13, 2, 0.9959432692019468 - kT * 0.036214900040684166},
+                       {13, 3, 0.9959432692019468 + kT * 0.036214900040684166},
+                       {15, 2, (0.9959432692019468 - 1) / 0.036214900040684166},
+                       {16, 2, 0.985132666676337},
+                       {17, 2, 1.0201243709847527},
+                       {19, 2, 0.2246097306010526},
+                       {20, 2, 0.42129650524488305},
+                       {21, 2, 0.2246097306010526 - kT * 0.42129650524488305},
+                       {21, 3, 0.2246097306010526 + kT * 0.42129650524488305},
+                       {23, 2, 0.2246097306010526 / 0.42129650524488305},
+                       {24, 2, 5},
+                       {25, 2, 0.20432607661078617},
+                       {25, 3, 0.2771123751321562},
+                       {26, 2, 20.100000381469727},  // 20.1 in 32 bits
+                       {27, 2, 0.1430694400126633},
+                       {27, 3, 0.4132045320727632}});
+}
+
+TEST(Ols, TakesTheMeansOfDuplicates) {
+  const Transcript told = RunAnalysis(regression::kOls, DuplicateSet(), {{"mode", "duplicate"}});
+  ASSERT_EQ(told.outcome, Outcome::kDone);
+  ExpectLabels(told, {{6, "  Number of (x1, x2, y1, y2) data points", "25"},
+                      {7, "  x1: Col no.", "2"},
+                      {8, "  x2: Col no.", "3"},
+                      {9, "  y1: Col no.", "4"},
+                      {10, "  y2: Col no.", "5"}});
+  ExpectNumbers(told, {{11, 2, 0.9631382800029331},
+                       {12, 2, 0.028982446375019733},
+                       {16, 2, 0.9897465294282253},
+                       {17, 2, 0.808110373402437},
+                       {19, 2, 0.5616228964937395},
+                       {20, 2, 0.3329463938037973}});
+}
+
+TEST(Ols, LeavesOutACriticalValueOutOfRange) {
+  struct Case {
+    std::string_view xc1;
+    bool shown;
+  };
+  // The smallest x is 2.521, the largest 23.409; both as typed are inside.
+  for (const auto& [xc1, shown] :
+       {Case{"", false}, Case{"2.521", true}, Case{"1.521", false}, Case{"23.409", true},
+        Case{"23.5", false}, Case{"word", false}}) {
+    const Transcript told =
+        RunAnalysis(regression::kOls, SingleSet(), {{"xc1", std::string(xc1)}, {"xc2", "8"}});
+    EXPECT_EQ(told.outcome, Outcome::kDone);
+    EXPECT_EQ(told.Text(24, 1), shown ? "  Critical value Xc1" : "") << xc1;
+    EXPECT_EQ(told.Text(26, 1), "  Critical value Xc2") << xc1;
+  }
+}
+
+TEST(Ols, ListsFiveOutliersAndTellsOfMore) {
+  const Transcript told =
+      RunAnalysis(regression::kOls, WithSixOutliers(), {{"outlier-limit", "2"}});
+  ASSERT_EQ(told.outcome, Outcome::kDone);
+  ExpectLabels(told, {{28, "  Number of outliers identified", "6"},
+                      {29, "  Outlier limit: No. of SDs", "2.0000"},
+                      {30, ""},
+                      {31, "  No.", "3"},
+                      {32, "  Outlier (x, y)", "3.0000", "11.1250"},
+                      {33, "  No.", "10"},
+                      {34, "  Outlier (x, y)", "10.0000", "1.8750"},
+                      {35, "  No.", "17"},
+                      {37, "  No.", "24"},
+                      {39, "  No.", "31"},
+                      {40, "  Outlier (x, y)", "31.0000", "39.2500"},
+                      {41, "More than 5 outlier pairs which are not displayed "}});
+  const Plot& xy = told.PlotOf("frmXY1s");
+  EXPECT_THAT(xy.series[0].points, SizeIs(34));
+  EXPECT_THAT(xy.series[1].points, SizeIs(6));
+  EXPECT_EQ(xy.series[1].mark, Mark::kCross);
+  const Plot& residuals = told.PlotOf("frmRes1s");
+  ASSERT_THAT(residuals.series, SizeIs(2));
+  EXPECT_THAT(residuals.series[1].points, SizeIs(6));
+}
+
+TEST(Ols, ShowsItsTables) {
+  const Transcript told =
+      RunAnalysis(regression::kOls, SingleSet(), {{"show-bands", "on"}, {"show-residuals", "on"}});
+  ExpectLabels(told, {{42, "x value", "Estim y", "Lower 95%-conf. limit"},
+                      {54, ""},
+                      {55, "x value", "y value", "Estim. y "}});
+  EXPECT_EQ(told.Text(42, 4), "Upper 95%-conf. limit");
+  EXPECT_EQ(told.Text(55, 4), "Res. (y-(a0+bx)");
+  EXPECT_EQ(told.Text(55, 5), "St. res.((y-(a0+bx))/SDy.x)");
+  const double a0 = 0.2246097306010526;
+  const double b = 0.9959432692019468;
+  const double second = 2.521 + 0.1 * (23.409 - 2.521);
+  const double estimate = a0 + b * 2.521;
+  ExpectNumbers(told, {{43, 1, 2.521},
+                       {44, 1, second},
+                       {44, 2, a0 + b * second},
+                       {53, 1, 23.409},
+                       {56, 1, 2.521},
+                       {56, 2, 2.362},
+                       {56, 3, estimate},
+                       {56, 4, 2.362 - estimate},
+                       {56, 5, (2.362 - estimate) / 1.0201243709847527},
+                       {80, 1, 7.63}});
+  EXPECT_EQ(told.sheet.DataRowCnt(), 80);
+}
+
+TEST(Ols, DrawsSixSeriesOrFourAndTheResiduals) {
+  const Transcript told = RunAnalysis(regression::kOls, SingleSet());
+  const Plot& xy = told.PlotOf("frmXY1s");
+  EXPECT_EQ(xy.caption, "X-Y plot Ord. least-squares reg. analysis");
+  std::vector<std::size_t> sizes;
+  for (const Series& series : xy.series) sizes.push_back(series.points.size());
+  EXPECT_THAT(sizes, ElementsAre(25, 1, 2, 2, 11, 11));
+  EXPECT_EQ(Raw(xy.series[1].points[0].x), 2.521);  // the first point, hidden in series 1
+  EXPECT_EQ(xy.series[1].mark, Mark::kDot);
+  EXPECT_THAT(Raw(xy.series[2].points[1].y),
+              DoubleNear(0.2246097306010526 + 0.9959432692019468 * 23.409, kDigits));
+  EXPECT_EQ(Raw(xy.series[3].points[1].y), 23.409);
+  EXPECT_EQ(xy.series[3].pattern, Pattern::kDashed);
+  const double margin = 2.069 * 1.0201243709847527;
+  EXPECT_LT(Raw(xy.series[4].points[5].y), Raw(xy.series[5].points[5].y));
+  EXPECT_LT(Raw(xy.series[5].points[5].y - xy.series[4].points[5].y), 2 * margin);
+
+  const Plot& residuals = told.PlotOf("frmRes1s");
+  EXPECT_EQ(residuals.caption, "Standardized residuals plot");
+  ASSERT_THAT(residuals.series, SizeIs(1));
+  EXPECT_THAT(residuals.series[0].points, SizeIs(25));
+
+  const Transcript plain = RunAnalysis(regression::kOls, SingleSet(), {{"plot-bands", "off"}});
+  EXPECT_THAT(plain.PlotOf("frmXY1s").series, SizeIs(4));
+}
+
+TEST(Ols, RunsOnThreePoints) {
+  const Transcript told = RunAnalysis(regression::kOls, {{"1", "2", "3"}, {"1", "2", "4"}});
+  EXPECT_EQ(told.outcome, Outcome::kDone);
+  ExpectNumbers(told, {{11, 2, 1.5}, {19, 2, -2.0 / 3}});  // by hand
+}
+
+TEST(Ols, EqualsTheSingleModeOnEqualReplicates) {
+  const auto a = TextsOf(example_data::kA);
+  const auto b = TextsOf(example_data::kB);
+  const Transcript single = RunAnalysis(regression::kOls, {a, b});
+  const Transcript duplicate = RunAnalysis(regression::kOls, {a, a, b, b}, {{"mode", "duplicate"}});
+  for (int row = 11; row <= 23; ++row)
+    for (int column = 2; column <= 3; ++column)
+      EXPECT_EQ(single.sheet.At(column, row), duplicate.sheet.At(column, row)) << row;
+}
+
+// --- Refusals and failures
+
+struct Refused {
+  std::string_view what;
+  Columns columns;
+  Settings settings;
+  std::vector<std::string> boxes;
+  int last_row = 0;  // of the sheet that remains
+};
+
+class OlsRefuses : public testing::TestWithParam<Refused> {};
+
+TEST_P(OlsRefuses, WithItsBoxes) {
+  const Refused& refused = GetParam();
+  Context context;
+  if (refused.what == "bad decimals") context.NDec = "abc";
+  const Transcript told = RunAnalysis(regression::kOls, refused.columns, refused.settings, context);
+  EXPECT_EQ(told.outcome, Outcome::kRefused);
+  EXPECT_THAT(told.boxes, ElementsAreArray(refused.boxes));
+  EXPECT_EQ(told.sheet.DataRowCnt(), refused.last_row);
+  EXPECT_THAT(told.plots, IsEmpty());
+}
+
+const Columns kThree{{"1", "2", "3"}, {"1", "2", "4"}, {"1", "2", "3"}, {"1", "2", "4"}};
+const std::string kColumn = "Selected column no. not allowed!";
+const std::string kLimit = "Negative value for Outlier limit not allowed!";
+const std::string kError = "Error occurred";
+const std::string kUnequal = "Unequal number of observations in columns: No analysis";
+
+INSTANTIATE_TEST_SUITE_P(
+    Dialog, OlsRefuses,
+    testing::Values(Refused{"first column 0", kThree, {{"first-column", "0"}}, {kColumn}},
+                    Refused{"second column a word", kThree, {{"second-column", "y"}}, {kColumn}},
+                    Refused{"a column of 0.6", kThree, {{"first-column", "0.6"}}, {kColumn}},
+                    Refused{"third column, duplicate",
+                            kThree,
+                            {{"mode", "duplicate"}, {"third-column", "-1"}},
+                            {kColumn}},
+                    Refused{"column before limit",
+                            kThree,
+                            {{"first-column", "0"}, {"outlier-limit", "0"}},
+                            {kColumn}},
+                    Refused{"limit 0", kThree, {{"outlier-limit", "0"}}, {kLimit}},
+                    Refused{"limit -1", kThree, {{"outlier-limit", "-1"}}, {kLimit}},
+                    Refused{"limit empty", kThree, {{"outlier-limit", ""}}, {kLimit}},
+                    Refused{
+                        "limit beyond 32 bits", kThree, {{"outlier-limit", "1e39"}}, {kLimit}}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Run, OlsRefuses,
+    testing::Values(
+        Refused{"too few points", {{"1", "2"}, {"1", "2"}}, {}, {" n < 3: No regression analysis"}},
+        Refused{"no points", {}, {}, {" n < 3: No regression analysis"}},
+        Refused{"a word among two rows", {{"1", "n.d."}, {"1", "2"}}, {}, {kError}},
+        Refused{"a thousands mark", {{"1", "2", "1,234"}, {"1", "2", "4"}}, {}, {kError}},
+        Refused{"x all equal",
+                {{"3", "3", "3"}, {"1", "2", "3"}},
+                {},
+                {" No dispersion of x values: no regression analysis "}},
+        Refused{"x spread that 32 bits cannot hold",
+                {{"0", "1e-30", "0"}, {"1", "2", "3"}},
+                {},
+                {"  Regression result could not be computed "}},
+        Refused{"unequal columns", {{"1", "2", "3"}, {"1", "2"}}, {}, {kUnequal, kError}},
+        Refused{"unequal duplicates",
+                {{"1", "2"}, {"1", "2"}, {"1"}, {"1"}},
+                {{"mode", "duplicate"}},
+                {kUnequal, kError}},
+        Refused{"a perfect line", {{"1", "2", "3"}, {"2", "4", "6"}}, {}, {kError}},
+        Refused{"a constant y",
+                {{"1", "2", "3"}, {"2", "2", "2"}},
+                {},
+                {"Error in correlation computation", kError}},
+        Refused{"an ID field with a word", kThree, {{"id", "ID"}}, {kError}},
+        Refused{
+            "a blank ID field, duplicate", kThree, {{"mode", "duplicate"}, {"id", ""}}, {kError}},
+        Refused{"a column beyond 16 bits", kThree, {{"first-column", "40000"}}, {kError}},
+        Refused{"a column with a letter", kThree, {{"first-column", "2x"}}, {kError}},
+        Refused{"a column beyond the grid", kThree, {{"first-column", "501"}}, {kUnequal, kError}},
+        Refused{"Xc1 beyond 32 bits", kThree, {{"xc1", "1e39"}}, {kError}},
+        Refused{"values whose squares overflow",
+                {{"1e200", "2e200", "4e200"}, {"1", "2", "4"}},
+                {},
+                {kError}},
+        Refused{"bad decimals", kThree, {}, {kError}, 11}));
+
+TEST(Ols, AcceptsAnyIdFieldInItsDialogAndNoIdAtAll) {
+  for (const char* id : {"", "0", "-1", "501"})
+    EXPECT_EQ(RunAnalysis(regression::kOls, kThree, {{"id", id}}).outcome, Outcome::kDone) << id;
+}
+
+}  // namespace
+}  // namespace quorval::test
