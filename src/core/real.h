@@ -49,6 +49,8 @@ constexpr Real& operator/=(Real& a, Real b) { return a = a / b; }
 
 constexpr Real Square(Real a) { return a * a; }
 inline Real Abs(Real a) { return std::fabs(Raw(a)); }
+// The largest whole number that is not above a.
+inline Real Int(Real a) { return std::floor(Raw(a)); }
 inline Real Sqrt(Real a) {
   if (a < 0) Raise(Fault::Kind::kBadArgument);
   return std::sqrt(Raw(a));
