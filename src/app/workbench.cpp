@@ -60,9 +60,18 @@ bool Workbench::MayReplaceProject() {
 }
 
 bool Workbench::ImportExample(const Example& example) {
-  if (!MayReplaceProject()) return false;
-  project_.TakeExample(example.name, example.note);
-  WriteExample(example, worksheet());
+  const auto take = [&](const ExampleProject& to) { project_.TakeExample(to.name, to.note); };
+  if (example.question == ExampleQuestion::kAfterClearing) {
+    take(example.before_clearing);
+    ClearWorksheet();
+  }
+  if (example.question != ExampleQuestion::kNever && !MayReplaceProject()) return false;
+  try {
+    take(example.project);
+    WriteExample(example, worksheet());
+  } catch (const std::exception&) {
+    Tell(example.failure);
+  }
   return true;
 }
 

@@ -48,6 +48,12 @@ struct FileMenu {
   std::string_view exit = "&Exit";
 };
 
+// A button of a results window that brings one of its plot windows forward, maximised.
+struct PlotButton {
+  std::string_view caption{};  // empty: there is no button
+  std::string_view plot_window{};
+};
+
 // One way in which an analysis runs: its results window and the routine that fills it.
 struct Procedure {
   When when{};  // of an analysis' procedures the first runs whose condition holds
@@ -57,7 +63,8 @@ struct Procedure {
   std::string_view print_header{};
   std::span<const PlotJob> plot_jobs{};
   std::span<const std::string_view> plot_windows{};  // open beside the results, filled or not
-  bool offers_tutorial = false;                      // "&Tutorial" in the Help menu
+  PlotButton plot_button{};
+  bool offers_tutorial = false;  // "&Tutorial" in the Help menu
   FailurePolicy failure{};
   void (*run)(Run&);
 };

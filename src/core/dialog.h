@@ -22,8 +22,8 @@ struct When {
 using Conditions = std::array<When, 2>;
 
 struct Choice {
-  std::string_view word;  // what the batch program and the code say
-  std::string_view caption;
+  std::string_view word;     // what the batch program and the code say
+  std::string_view caption;  // empty: no button; the field holds it while none is pressed
 };
 
 enum class FieldKind {

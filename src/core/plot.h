@@ -51,6 +51,7 @@ struct Plot {
   std::string header{};   // above the chart
   std::string label{};    // a text beside the chart
   bool shown = true;
+  double aspect = 1.5;  // of its picture, width to height
   Axis x{}, y{};
   std::vector<Series> series{};
   std::optional<RedrawnLines> lines{};

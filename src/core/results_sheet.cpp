@@ -19,11 +19,12 @@ std::uint8_t ToDecimals(std::string_view text) {
 
 }  // namespace
 
-void ResultsSheet::Frame(std::string_view title) {
+void ResultsSheet::Frame(std::string_view title, int date_row) {
   Row(2, Bold{title});
   Row(3, "  Project:", context_->ProjectName);
   Row(4, "  Analyst: ");
-  Row(5, "  Analyte: ", Blank{}, "  Date: ");
+  Row(5, "  Analyte: ");
+  Put(date_row, 3, "  Date: ");
 }
 
 void ResultsSheet::Put(int row, int column, std::string_view text) {

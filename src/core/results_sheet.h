@@ -30,8 +30,9 @@ class ResultsSheet {
   // What an earlier run wrote goes.
   void Clear() { grid_.ClearAll(); }
 
-  // Rows 2 to 5: the bold title, the project, the blanks for analyst, analyte and date.
-  void Frame(std::string_view title);
+  // Rows 2 to 5: the bold title, the project, the blanks for analyst (row 4) and analyte (row 5);
+  // the one for the date stands beside either, by analysis.
+  void Frame(std::string_view title, int date_row = 5);
 
   template <class... Values>
   void Row(int row, const Values&... values) {

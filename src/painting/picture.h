@@ -1,6 +1,8 @@
-// Pictures of plots: one routine draws them for the screen, for files and for paper.
+// Pictures of plots.
 #pragma once
 
+#include <QImage>
+#include <QSize>
 #include <filesystem>
 
 #include "core/plot.h"
@@ -9,11 +11,13 @@ class QCustomPlot;
 
 namespace quorval {
 
-// Hands the series, titles and ranges of a plot to a chart.
-void DrawPlot(const Plot& plot, QCustomPlot& chart);
+// A chart as a bitmap, at three times the resolution of the screen.  The size is in
+// device-independent pixels (1/96 inch).
+QImage ImageOf(QCustomPlot& chart, QSize size);
 
 // Writes the picture by the path's extension: png, bmp, svg or pdf.  False when it cannot be
 // written.
+bool WritePicture(QCustomPlot& chart, QSize size, const std::filesystem::path& path);
 bool WritePicture(const Plot& plot, const std::filesystem::path& path);
 
 }  // namespace quorval

@@ -1,18 +1,6 @@
 #include "analyses/regression/plots.h"
 
 namespace quorval::regression {
-namespace {
-
-// The points whose mark equals `marked`.
-Points Select(std::span<const Real> x, std::span<const Real> y, const OutlierMarks& outliers,
-              bool marked) {
-  Points points;
-  for (std::size_t i = 0; i < x.size(); ++i)
-    if (outliers.flags[i] == marked) points.push_back({x[i], y[i]});
-  return points;
-}
-
-}  // namespace
 
 void DrawXYPlot(Run& run, std::string_view caption, const Pairs& data, const OutlierMarks& outliers,
                 RedrawnLines line, const std::optional<Bands>& bands) {

@@ -4,18 +4,6 @@
 #include "stats/significance.h"
 
 namespace quorval::regression {
-namespace {
-
-Sample MeansOf(std::span<const Real> a, std::span<const Real> b) {
-  Sample means;
-  means.reserve(a.size());
-  for (std::size_t i = 0; i < a.size(); ++i) means.push_back((a[i] + b[i]) / 2);
-  return means;
-}
-
-}  // namespace
-
-bool IsDuplicate(const Form& form) { return form.Holds(kDuplicate); }
 
 std::string WindowTitle(std::string_view analysis, const Form& form) {
   return "Quorval      " + std::string(analysis) +
@@ -80,23 +68,8 @@ void WriteHead(Run& run, std::string_view title, const Pairs& data) {
 }
 
 void WriteOutliers(Run& run, int row, const OutlierMarks& outliers, const Pairs& data) {
-  constexpr int kMostListed = 5;
-  ResultsSheet& sheet = run.sheet;
-  if (outliers.count > 0) {
-    sheet.Row(row, "  Number of outliers identified", outliers.count);
-  } else {
-    sheet.Row(row, "  No outliers identified");
-  }
-  sheet.Row(row + 1, "  Outlier limit: No. of SDs", Real(run.form.Number32(kOutlierLimit)));
-  int listed = 0;
-  for (std::size_t i = 0; i < outliers.flags.size() && listed < kMostListed; ++i) {
-    if (!outliers.flags[i]) continue;
-    ++listed;
-    sheet.Row(row + 1 + 2 * listed, "  No.", static_cast<int>(i) + 1);
-    sheet.Row(row + 2 + 2 * listed, "  Outlier (x, y)", data.x[i], data.y[i]);
-  }
-  if (outliers.count > kMostListed)
-    sheet.Row(row + 3 + 2 * kMostListed, "More than 5 outlier pairs which are not displayed ");
+  quorval::WriteOutliers(run.sheet, {.count = row, .first = row + 3, .more = row + 13}, outliers,
+                         run.form.Number32(kOutlierLimit), data.x, data.y);
 }
 
 void WriteBands(Run& run, int row, std::string_view estimate_heading, const Bands& bands) {

@@ -6,47 +6,20 @@
 #include <string>
 #include <string_view>
 
+#include "analyses/method_comparison.h"
 #include "core/analysis.h"
-#include "core/intake.h"
-#include "stats/primitives.h"
 
 namespace quorval::regression {
 
 // --- Options
 
-inline constexpr std::array<Choice, 2> kModes{
-    {{"single", "Single (x, y)"}, {"duplicate", "Duplicate (x, y)"}}};
-inline constexpr Field kMode{.key = "mode",
-                             .kind = FieldKind::kChoice,
-                             .group = "Select:",
-                             .initial = "single",
-                             .choices = kModes};
-inline constexpr When kSingle{"mode", "single"};
-inline constexpr When kDuplicate{"mode", "duplicate"};
-
 inline constexpr std::string_view kColumnsGroup = "Select data columns:";
 
-constexpr Field RenamedInDuplicate(Field field, std::string_view single,
-                                   std::string_view duplicate) {
-  field.group = kColumnsGroup;
-  field.caption = single;
-  field.renamed = kDuplicate;
-  field.other_caption = duplicate;
-  return field;
-}
-
-constexpr Field OnlyInDuplicate(Field field, std::string_view caption) {
-  field.group = kColumnsGroup;
-  field.caption = caption;
-  field.shown = {kDuplicate};
-  return field;
-}
-
 inline constexpr Field kIdColumn = InGroup(Text9, kColumnsGroup);
-inline constexpr Field kFirstColumn = RenamedInDuplicate(Text10, "x:", "x1:");
-inline constexpr Field kSecondColumn = RenamedInDuplicate(Text11, "y:", "x2:");
-inline constexpr Field kThirdColumn = OnlyInDuplicate(Text12, "y1:");
-inline constexpr Field kFourthColumn = OnlyInDuplicate(Text13, "y2:");
+inline constexpr Field kFirstColumn = InGroup(quorval::kFirstColumn, kColumnsGroup);
+inline constexpr Field kSecondColumn = InGroup(quorval::kSecondColumn, kColumnsGroup);
+inline constexpr Field kThirdColumn = InGroup(quorval::kThirdColumn, kColumnsGroup);
+inline constexpr Field kFourthColumn = InGroup(quorval::kFourthColumn, kColumnsGroup);
 
 inline constexpr Field kXc1{
     .key = "xc1", .group = "Optional:", .caption = "Select critical value (Xc1):"};
@@ -62,8 +35,6 @@ inline constexpr Field kShowResiduals{
     .key = "show-residuals", .kind = FieldKind::kCheck, .initial = "off"};
 inline constexpr Field kShowBands{.key = "show-bands", .kind = FieldKind::kCheck, .initial = "off"};
 inline constexpr Field kPlotBands{.key = "plot-bands", .kind = FieldKind::kCheck, .initial = "on"};
-
-bool IsDuplicate(const Form& form);
 
 inline constexpr std::string_view kColumnRefused = "Selected column no. not allowed!";
 inline constexpr Rule kFirstColumnsRule{

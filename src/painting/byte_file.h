@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QByteArray>
+#include <filesystem>
+
+namespace quorval {
+
+// Writes a file whole, whatever its name; false when it cannot be written.
+bool WriteBytes(const QByteArray& bytes, const std::filesystem::path& path);
+
+}  // namespace quorval

@@ -1,0 +1,16 @@
+// Between the core's texts, which are UTF-8, and Qt's.
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace quorval {
+
+inline QString ToQt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+inline std::string FromQt(const QString& text) { return text.toStdString(); }
+
+}  // namespace quorval
