@@ -1,8 +1,10 @@
+// main() of the tests that need an application but no screen.
 #include <gtest/gtest.h>
 
 #include <QApplication>
 
 int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
   return RUN_ALL_TESTS();
