@@ -91,7 +91,7 @@ void Workbench::PrintWorksheetAtOnce() {
 OpenAnalysis& Workbench::Open(const Analysis& analysis) {
   const auto found = std::ranges::find(open_, &analysis, &OpenAnalysis::analysis);
   if (found == open_.end()) return open_.emplace_back(analysis);
-  if (!found->results || !found->results->shown) found->dialog_shown = true;
+  found->dialog_shown = true;
   return *found;
 }
 
