@@ -31,7 +31,9 @@ constexpr const char* kFooter =
 
 ExitStatus Perform(const Command& command) {
   try {
-    return command();
+    const ExitStatus status = command();
+    if (!std::cout.flush()) throw Unusable("standard output cannot be written");
+    return status;
   } catch (const std::exception& error) {
     std::cerr << "quorval-batch: " << error.what() << '\n';
     return ExitStatus::kUnusable;
@@ -45,7 +47,7 @@ int RunCommandLine(int argc, const char* const* argv) {
   program.set_version_flag("--version", "quorval-batch " QUORVAL_VERSION);
   program.set_help_flag("--help", "Print this help and exit");
   program.footer(kFooter);
-  program.require_subcommand(1);
+  program.require_subcommand(0, 1);
 
   Command chosen;
   AddListCommand(program, chosen);
@@ -54,6 +56,7 @@ int RunCommandLine(int argc, const char* const* argv) {
   AddDemoCommand(program, chosen);
   try {
     program.parse(argc, argv);
+    if (!chosen) throw CLI::RequiredError("A command");
   } catch (const CLI::ParseError& error) {
     const bool asked_for_help = program.exit(error) == 0;
     return static_cast<int>(asked_for_help ? ExitStatus::kDone : ExitStatus::kUnusable);

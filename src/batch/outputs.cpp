@@ -74,9 +74,11 @@ void AddOutputs(CLI::App& command, Outputs& outputs) {
   CLI::Option* const plots =
       command.add_option("--plots", outputs.plots, "Write a picture of each plot window into DIR")
           ->type_name("DIR");
-  command.add_option("--plot-format", outputs.plot_format, "The pictures' format (default png)")
+  command
+      .add_option("--plot-format", outputs.plot_format,
+                  "The pictures' format, png where none is given")
       ->check(CLI::IsMember({"png", "svg", "pdf"}))
-      ->type_name("")
+      ->type_name("FORMAT")
       ->needs(plots);
   command.add_option("--report", outputs.report, "Write the printed results and plots as a PDF")
       ->type_name("FILE.pdf");
