@@ -11,8 +11,7 @@ void AddDemoCommand(CLI::App& program, Command& chosen) {
   demo->footer("Each name can be given to --demo in the place of a data file.");
   demo->callback([&chosen] {
     chosen = [] {
-      for (const Example& example : Examples())
-        if (example.Built()) std::cout << example.menu << '\n';
+      for (const Example& example : Examples()) std::cout << example.menu << '\n';
       return ExitStatus::kDone;
     };
   });

@@ -33,11 +33,17 @@ std::string ConditionText(const When& when) {
   return " while " + std::string(when.key) + " is " + std::string(when.word);
 }
 
+// What stands at the field: its caption, else the line above it, else its group's.
+std::string_view OwnCaption(const Field& field) {
+  if (!field.caption.empty()) return field.caption;
+  return field.heading.empty() ? field.group : field.heading;
+}
+
 // The caption, and when it or the whole field is another.
 std::string CaptionText(const Field& field) {
-  std::string text = Quoted(field.caption.empty() ? field.group : field.caption);
+  std::string text = Quoted(OwnCaption(field));
   if (!field.renamed.key.empty())
-    text += ", " + Quoted(field.other_caption) + ConditionText(field.renamed);
+    text += "; " + Quoted(field.other_caption) + ConditionText(field.renamed);
   for (const When& when : field.shown)
     if (!when.key.empty()) text += "; shown" + ConditionText(when);
   for (const When& when : field.enabled)
@@ -63,7 +69,7 @@ void PrintDescription(const MenuEntry& entry) {
               << "default " << std::setw(12) << Quoted(field->initial) << ' ' << CaptionText(*field)
               << '\n';
     for (const Choice& choice : field->choices)
-      std::cout << "  " << std::setw(key_width + 27) << choice.word << ' ' << Quoted(choice.caption)
+      std::cout << "  " << std::setw(key_width + 26) << choice.word << ' ' << Quoted(choice.caption)
                 << '\n';
   }
 }

@@ -14,7 +14,7 @@ MenuEntry AnalysisNamed(std::string_view id) {
 
 const Example& ExampleNamed(std::string_view menu) {
   const Example* const example = FindExample(menu);
-  if (example == nullptr || !example->Built())
+  if (example == nullptr)
     throw Unusable("there is no example \"" + std::string(menu) + "\"; \"demo\" names them");
   return *example;
 }

@@ -19,6 +19,9 @@ namespace {
   throw Unusable(path.string() + ": the file cannot be written");
 }
 
+const CLI::Validator kNamed(
+    [](std::string& name) { return name.empty() ? "a name is needed" : ""; }, "");
+
 void WriteText(const std::string& text, const std::string& file) {
   if (file == "-") {
     std::cout << text;
@@ -70,10 +73,12 @@ void AddOutputs(CLI::App& command, Outputs& outputs) {
   command
       .add_option("--json", outputs.json,
                   "Write all that the run showed as JSON; - is standard output")
-      ->type_name("FILE");
+      ->type_name("FILE")
+      ->check(kNamed);
   CLI::Option* const plots =
       command.add_option("--plots", outputs.plots, "Write a picture of each plot window into DIR")
-          ->type_name("DIR");
+          ->type_name("DIR")
+          ->check(kNamed);
   command
       .add_option("--plot-format", outputs.plot_format,
                   "The pictures' format, png where none is given")
@@ -81,7 +86,8 @@ void AddOutputs(CLI::App& command, Outputs& outputs) {
       ->type_name("FORMAT")
       ->needs(plots);
   command.add_option("--report", outputs.report, "Write the printed results and plots as a PDF")
-      ->type_name("FILE.pdf");
+      ->type_name("FILE.pdf")
+      ->check(kNamed);
 }
 
 std::unique_ptr<Pictures> PicturesFor(const Outputs& outputs) {

@@ -19,8 +19,9 @@ using Rows = std::vector<std::vector<std::string>>;
 // The used range, row 0 first.
 Rows RowsOf(const Worksheet& worksheet) {
   Rows rows(static_cast<std::size_t>(worksheet.DataRowCnt()));
+  const int columns = worksheet.DataColCnt();
   for (std::size_t row = 0; row < rows.size(); ++row)
-    for (int column = 1; column <= worksheet.DataColCnt(); ++column)
+    for (int column = 1; column <= columns; ++column)
       rows[row].push_back(worksheet.Text(column, static_cast<int>(row)));
   return rows;
 }
