@@ -65,7 +65,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(Output, ThatCannotBeWrittenIsNamed) {
   const TemporaryFolder folder;
-  const std::string nowhere = folder.path() / "no" / "run.json";
+  const std::string nowhere = folder / "no" / "run.json";
   const Ended ended = RunProgram(OlsWith({"--json", nowhere}));
   EXPECT_EQ(ended.status, 2);
   EXPECT_THAT(ended.err, HasSubstr(nowhere));
@@ -73,7 +73,9 @@ TEST(Output, ThatCannotBeWrittenIsNamed) {
 
 TEST(DataFile, ThatDoesNotFitIsNamed) {
   const TemporaryFolder folder;
-  const Ended ended = RunProgram({"run", "ols", folder.Write("latin.csv", "x,y\n1,\xB5\n")});
+  const std::string file = folder / "latin.csv";
+  WriteBytes(file, "x,y\n1,\xB5\n");
+  const Ended ended = RunProgram({"run", "ols", file});
   EXPECT_EQ(ended.status, 2);
   EXPECT_EQ(ended.out, "");
   EXPECT_THAT(ended.err, HasSubstr("latin.csv: text that is not UTF-8 in row 1"));

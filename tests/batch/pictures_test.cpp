@@ -33,14 +33,14 @@ TEST(Plots, AreWrittenInEachFormat) {
   const std::vector<std::pair<std::string, std::string>> formats{
       {"png", "\x89PNG"}, {"svg", "<?xml"}, {"pdf", "%PDF"}};
   for (const auto& [format, head] : formats) {
-    const auto plots = folder.path() / "new" / format;
+    const auto plots = folder / "new" / format;
     const Ended ended = RunProgram(OlsWith({"--plots", plots, "--plot-format", format}));
     EXPECT_EQ(ended.status, 0) << ended.err;
     EXPECT_THAT(FilesIn(plots), UnorderedElementsAre("frmXY1s." + format, "frmRes1s." + format));
     EXPECT_THAT(BytesOf(plots / ("frmXY1s." + format)), StartsWith(head));
   }
   RunProgram(OlsWith({"--plots", folder.path()}));
-  EXPECT_THAT(BytesOf(folder.path() / "frmRes1s.png"), StartsWith("\x89PNG"));
+  EXPECT_THAT(BytesOf(folder / "frmRes1s.png"), StartsWith("\x89PNG"));
 }
 
 TEST(Plots, OfARefusedRunAreNone) {
@@ -53,7 +53,7 @@ TEST(Plots, OfARefusedRunAreNone) {
 
 TEST(Report, IsOnePdfOfResultsAndPlots) {
   const TemporaryFolder folder;
-  const auto report = folder.path() / "report.pdf";
+  const auto report = folder / "report.pdf";
   const Ended ended = RunProgram(OlsWith({"--report", report, "--set", "show-residuals=on"}));
   EXPECT_EQ(ended.status, 0);
   EXPECT_EQ(ended.err, "");
@@ -66,7 +66,8 @@ TEST(Report, IsOnePdfOfResultsAndPlots) {
 
 TEST(Pictures, ThatCannotBeWrittenAreNamed) {
   const TemporaryFolder folder;
-  const std::string file = folder.Write("file", "");
+  const std::string file = folder / "file";
+  WriteBytes(file, "");
   const Ended plots = RunProgram(OlsWith({"--plots", file + "/plots"}));
   EXPECT_EQ(plots.status, 2);
   EXPECT_THAT(plots.err, HasSubstr(file + "/plots"));
@@ -80,7 +81,7 @@ TEST(Pictures, ThatCannotBeWrittenAreNamed) {
 TEST(Pictures, AreRefusedByAProgramBuiltWithout) {
   const TemporaryFolder folder;
   for (const char* option : {"--plots", "--report"}) {
-    const Ended ended = RunProgram(OlsWith({option, folder.path() / "new"}));
+    const Ended ended = RunProgram(OlsWith({option, folder / "new"}));
     EXPECT_EQ(ended.status, 2);
     EXPECT_EQ(ended.out, "");
     EXPECT_THAT(ended.err, HasSubstr(std::string("without pictures: --plots and --report")));

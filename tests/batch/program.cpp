@@ -33,8 +33,8 @@ void SendTo(const std::string& file, int descriptor) {
 
 Ended RunProgram(const Arguments& arguments) {
   const TemporaryFolder folder;
-  const std::string out = folder.path() / "out";
-  const std::string err = folder.path() / "err";
+  const std::string out = folder / "out";
+  const std::string err = folder / "err";
   const pid_t child = fork();
   if (child == 0) BecomeProgram(arguments, out, err);
   int state = 0;

@@ -164,21 +164,20 @@ TEST(Run, PrintsTheSheetAsATable) {
 
 TEST(Run, WritesItsJsonBesideTheTable) {
   const TemporaryFolder folder;
-  const Ended ended = RunProgram(
-      {"run", "ols", "--demo", "XY Regression Single", "--json", folder.path() / "run.json"});
+  const Ended ended =
+      RunProgram({"run", "ols", "--demo", "XY Regression Single", "--json", folder / "run.json"});
   EXPECT_THAT(ended.out, testing::HasSubstr("  Slope b "));
-  EXPECT_EQ(Json::parse(BytesOf(folder.path() / "run.json"))["status"], "done");
+  EXPECT_EQ(Json::parse(BytesOf(folder / "run.json"))["status"], "done");
 }
 
 // --- Data files
 
 TEST(DataFile, IsReadFromItsTitlesOn) {
   const TemporaryFolder folder;
-  const std::string comma = folder.Write("a.csv",
-                                         "\xEF\xBB\xBFID,\"x, ref\",y\r\na,1,1\r\nb,2,3\r\n"
-                                         "c,4,4\r\n\r\nd,7,7\r\n");
-  const std::string tab =
-      folder.Write("a.tsv", "ID\tx, ref\ty\na\t1\t1\nb\t2\t3\nc\t4\t4\n\nd\t7\t7");
+  const std::string comma = folder / "a.csv";
+  const std::string tab = folder / "a.tsv";
+  WriteBytes(comma, "\xEF\xBB\xBFID,\"x, ref\",y\r\na,1,1\r\nb,2,3\r\nc,4,4\r\n\r\nd,7,7\r\n");
+  WriteBytes(tab, "ID\tx, ref\ty\na\t1\t1\nb\t2\t3\nc\t4\t4\n\nd\t7\t7");
   const Answered answer = RunForJson({"run", "ols", comma});
   ASSERT_EQ(answer.status, 0);
   const auto cells = CellsOf(answer.json);
@@ -210,7 +209,9 @@ class RefusedRun : public testing::TestWithParam<Refused> {};
 
 TEST_P(RefusedRun, TellsItsMessagesInOrder) {
   const TemporaryFolder folder;
-  Arguments arguments{"run", "ols", folder.Write("data.csv", GetParam().data)};
+  const std::string data = folder / "data.csv";
+  WriteBytes(data, GetParam().data);
+  Arguments arguments{"run", "ols", data};
   for (const std::string& setting : GetParam().settings)
     arguments.insert(arguments.end(), {"--set", setting});
   const Answered answer = RunForJson(arguments);

@@ -46,8 +46,9 @@ TEST_P(SeparatedValues, BecomeCells) {
   const TemporaryFolder folder;
   Worksheet worksheet;
   worksheet.SetText(7, 7, "from before");
-  ASSERT_EQ(ReadWorksheet(folder.Write(GetParam().file, GetParam().bytes), worksheet),
-            std::nullopt);
+  const auto path = folder / GetParam().file;
+  test::WriteBytes(path, GetParam().bytes);
+  ASSERT_EQ(ReadWorksheet(path, worksheet), std::nullopt);
   EXPECT_EQ(RowsOf(worksheet), GetParam().rows);
   EXPECT_EQ(worksheet.grid().At(1, 1).look.colour, kGrey);
 }
@@ -115,7 +116,8 @@ TEST_P(RefusedFile, IsNamedAndLeavesTheWorksheet) {
   Worksheet worksheet;
   worksheet.SetText(2, 1, "5");
   const Worksheet before = worksheet;
-  const auto path = folder.Write(GetParam().file, GetParam().bytes);
+  const auto path = folder / GetParam().file;
+  test::WriteBytes(path, GetParam().bytes);
   EXPECT_THAT(ReadWorksheet(path, worksheet).value_or("read"),
               AllOf(HasSubstr(path.string()), HasSubstr(GetParam().reason)));
   EXPECT_EQ(worksheet.grid(), before.grid());
@@ -141,10 +143,10 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(ReadWorksheet, RefusesWhatIsNoFile) {
   const TemporaryFolder folder;
   Worksheet worksheet;
-  EXPECT_THAT(ReadWorksheet(folder.path() / "none.csv", worksheet).value_or("read"),
+  EXPECT_THAT(ReadWorksheet(folder / "none.csv", worksheet).value_or("read"),
               HasSubstr("none.csv: No such file"));
-  std::filesystem::create_directory(folder.path() / "folder.csv");
-  EXPECT_THAT(ReadWorksheet(folder.path() / "folder.csv", worksheet).value_or("read"),
+  std::filesystem::create_directory(folder / "folder.csv");
+  EXPECT_THAT(ReadWorksheet(folder / "folder.csv", worksheet).value_or("read"),
               HasSubstr("folder.csv: "));
 }
 
