@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QTemporaryDir>
+#include <iostream>
 
 #include "painting/page_painter.h"
 #include "painting/picture.h"
@@ -11,13 +12,21 @@
 namespace quorval {
 namespace {
 
+// Standard error is for the message boxes: Qt's remarks on its surroundings do not go there.
+void PassOnFailures(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtCriticalMsg || type == QtFatalMsg) std::cerr << text.toStdString() << '\n';
+}
+
 // No display is asked for, whatever the environment says.
-bool ChooseOffscreen() { return qputenv("QT_QPA_PLATFORM", "offscreen"); }
+bool Prepare() {
+  qInstallMessageHandler(PassOnFailures);
+  return qputenv("QT_QPA_PLATFORM", "offscreen");
+}
 
 }  // namespace
 
 struct Pictures::Drawing {
-  bool offscreen = ChooseOffscreen();
+  bool prepared = Prepare();  // before the application is made
   char name[14] = "quorval-batch";
   char* arguments[2] = {name, nullptr};
   int count = 1;
