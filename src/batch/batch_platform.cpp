@@ -1,0 +1,39 @@
+#include "batch/batch_platform.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace quorval {
+namespace {
+
+std::string OnOneLine(std::string text) {
+  std::ranges::replace(text, '\n', ' ');
+  return text;
+}
+
+}  // namespace
+
+Answer BatchPlatform::Show(const MessageBox& box) {
+  boxes_.push_back(box);
+  std::cerr << "message: " << OnOneLine(box.text) << '\n';
+  return box.buttons == Buttons::kYesNo ? Answer::kYes : Answer::kOk;
+}
+
+bool BatchPlatform::Print(std::span<const PrintJob> jobs) {
+  if (pictures_ == nullptr) return false;
+  for (const PrintJob& job : jobs) {
+    printed_jobs_.push_back(job);
+    printed_jobs_.back().grid = &printed_grids_.emplace_back(*job.grid);
+  }
+  return true;
+}
+
+bool BatchPlatform::WritePicture(const Plot& plot, const std::filesystem::path& path) {
+  return pictures_ != nullptr && pictures_->Write(plot, path);
+}
+
+bool BatchPlatform::WritePages(const std::filesystem::path& path) const {
+  return pictures_ != nullptr && pictures_->Print(printed_jobs_, path);
+}
+
+}  // namespace quorval

@@ -1,0 +1,30 @@
+// The commands of the program, one file each.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <stdexcept>
+
+namespace quorval {
+
+enum class ExitStatus {
+  kDone = 0,
+  kRefused = 1,   // the analysis was refused or failed
+  kUnusable = 2,  // the command line or a file could not be used
+};
+
+// What could not be used, in words that name it.
+struct Unusable : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// What the command line chose to do; runs once the whole line is in order.
+using Command = std::function<ExitStatus()>;
+
+// Each adds its subcommand to the program, which sets `chosen` when it is the one given.
+void AddListCommand(CLI::App& program, Command& chosen);
+void AddDescribeCommand(CLI::App& program, Command& chosen);
+void AddDemoCommand(CLI::App& program, Command& chosen);
+void AddRunCommand(CLI::App& program, Command& chosen);
+
+}  // namespace quorval

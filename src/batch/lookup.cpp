@@ -1,0 +1,22 @@
+#include "batch/lookup.h"
+
+#include <string>
+
+#include "batch/commands.h"
+
+namespace quorval {
+
+MenuEntry AnalysisNamed(std::string_view id) {
+  for (const MenuEntry& entry : Analyses())
+    if (entry.analysis->id == id) return entry;
+  throw Unusable("there is no analysis \"" + std::string(id) + "\"; \"list\" names them");
+}
+
+const Example& ExampleNamed(std::string_view menu) {
+  const Example* const example = FindExample(menu);
+  if (example == nullptr)
+    throw Unusable("there is no example \"" + std::string(menu) + "\"; \"demo\" names them");
+  return *example;
+}
+
+}  // namespace quorval

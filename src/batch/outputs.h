@@ -1,0 +1,31 @@
+// What a run hands out.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <string>
+
+#include "app/workbench.h"
+#include "batch/batch_platform.h"
+
+namespace quorval {
+
+struct Outputs {
+  std::string json;   // a file, "-" for standard output; empty: none
+  std::string plots;  // a folder; empty: none
+  std::string plot_format = "png";
+  std::string report;  // a PDF file; empty: none
+};
+
+// --json, --plots, --plot-format and --report.
+void AddOutputs(CLI::App& command, Outputs& outputs);
+
+// What draws them; none where nothing is to be drawn.  Throws Unusable in a program built without.
+std::unique_ptr<Pictures> PicturesFor(const Outputs& outputs);
+
+// Writes the files and prints the sheet.  A plot window that is not shown, or holds nothing, gives
+// no picture.  Throws Unusable where a file cannot be written.
+void HandOut(const Outputs& outputs, Outcome outcome, OpenAnalysis& open, Workbench& workbench,
+             BatchPlatform& platform);
+
+}  // namespace quorval

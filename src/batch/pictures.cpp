@@ -1,0 +1,75 @@
+#include "batch/pictures.h"
+
+#ifdef QUORVAL_PICTURES
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <iostream>
+
+#include "painting/page_painter.h"
+#include "painting/picture.h"
+
+namespace quorval {
+namespace {
+
+// Standard error is for the message boxes: Qt's remarks on its surroundings do not go there.
+void PassOnFailures(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtCriticalMsg || type == QtFatalMsg) std::cerr << text.toStdString() << '\n';
+}
+
+// No display is asked for, whatever the environment says.
+bool Prepare() {
+  qInstallMessageHandler(PassOnFailures);
+  return qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+}  // namespace
+
+struct Pictures::Drawing {
+  bool prepared = Prepare();  // before the application is made
+  char name[14] = "quorval-batch";
+  char* arguments[2] = {name, nullptr};
+  int count = 1;
+  QApplication application{count, arguments};
+  QTemporaryDir folder;
+};
+
+bool Pictures::Built() { return true; }
+
+Pictures::Pictures() : drawing_(std::make_unique<Drawing>()) {}
+
+Pictures::~Pictures() = default;
+
+std::filesystem::path Pictures::Folder() const { return drawing_->folder.path().toStdString(); }
+
+bool Pictures::Write(const Plot& plot, const std::filesystem::path& path) {
+  return WritePicture(plot, path);
+}
+
+bool Pictures::Print(std::span<const PrintJob> jobs, const std::filesystem::path& path) {
+  return PrintToPdf(jobs, QLocale::c(), path);
+}
+
+}  // namespace quorval
+
+#else
+
+namespace quorval {
+
+struct Pictures::Drawing {};
+
+bool Pictures::Built() { return false; }
+
+Pictures::Pictures() = default;
+
+Pictures::~Pictures() = default;
+
+std::filesystem::path Pictures::Folder() const { return {}; }
+
+bool Pictures::Write(const Plot&, const std::filesystem::path&) { return false; }
+
+bool Pictures::Print(std::span<const PrintJob>, const std::filesystem::path&) { return false; }
+
+}  // namespace quorval
+
+#endif

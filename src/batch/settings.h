@@ -1,0 +1,18 @@
+// The fields of an options dialog, set by key.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+#include <vector>
+
+#include "core/form.h"
+
+namespace quorval {
+
+// --set KEY=VALUE, as often as wanted.
+void AddSettings(CLI::App& command, std::vector<std::string>& settings);
+
+// Throws Unusable for an unknown key, and for a word that a choice or a check does not have.
+void SetFields(const std::vector<std::string>& settings, Form& form);
+
+}  // namespace quorval

@@ -1,0 +1,16 @@
+// Tables as text: values separated by a comma (RFC 4180) or a tab, rows by a line end.
+#pragma once
+
+#include <filesystem>
+
+#include "core/worksheet.h"
+
+namespace quorval {
+
+// UTF-8, with or without a byte order mark; lines end in LF, CR or both; a value in double quotes
+// may hold separators, line ends and doubled quotes.  Throws a FileError for any other bytes and
+// for a table that does not fit the worksheet.
+Worksheet ReadCommaSeparated(const std::filesystem::path& path);
+Worksheet ReadTabSeparated(const std::filesystem::path& path);
+
+}  // namespace quorval

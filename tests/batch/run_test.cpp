@@ -1,0 +1,311 @@
+// Expected numbers come from tests/independent/ordinary_least_squares.py.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <map>
+
+#include "batch/program.h"
+#include "core/conversion.h"
+#include "support/data_file.h"
+#include "support/temporary_folder.h"
+
+namespace quorval::test {
+namespace {
+
+using testing::DoubleNear;
+using testing::ElementsAre;
+using Json = nlohmann::ordered_json;
+using Place = std::pair<int, int>;  // row, column
+
+std::string FourDecimals(double value) {
+  char text[64];
+  std::snprintf(text, sizeof text, "%.4f", value);
+  return std::string(text) == "-0.0000" ? "0.0000" : text;
+}
+
+std::map<Place, Json> CellsOf(const Json& run) {
+  std::map<Place, Json> cells;
+  for (const Json& cell : run["results"]["cells"]) {
+    EXPECT_TRUE(cells.emplace(Place{cell["row"], cell["column"]}, cell).second) << cell;
+  }
+  return cells;
+}
+
+std::map<Place, double> ExpectedNumbers(std::string_view set) {
+  const auto columns = ReadDataFile("ols_cells.csv");
+  std::map<Place, double> numbers;
+  for (std::size_t i = 0; i < columns[0].size(); ++i)
+    if (columns[0][i] == set)
+      numbers[{std::stoi(columns[1][i]), std::stoi(columns[2][i])}] = std::stod(columns[3][i]);
+  return numbers;
+}
+
+const std::map<std::string, std::string> kExamples{{"single", "XY Regression Single"},
+                                                   {"duplicate", "XY Regression Duplicate"}};
+
+class ExampleRun : public testing::TestWithParam<std::string> {};
+
+// Every number of the sheet with all its digits, its text with four of them, and no number beside.
+TEST_P(ExampleRun, GivesEveryNumberOfTheSheet) {
+  const std::string& mode = GetParam();
+  const Answered answer = RunForJson({"run", "ols", "--demo", kExamples.at(mode), "--set",
+                                      "mode=" + mode, "--set", "xc1=5", "--set", "xc2=20.1",
+                                      "--set", "show-bands=on", "--set", "show-residuals=on"});
+  ASSERT_EQ(answer.status, 0);
+  EXPECT_EQ(answer.err, "");
+  const auto expected = ExpectedNumbers(mode);
+  std::map<Place, Json> numbers = CellsOf(answer.json);
+  std::erase_if(numbers, [](const auto& cell) { return !cell.second.contains("value"); });
+  EXPECT_EQ(numbers.size(), expected.size());
+  for (const auto& [place, value] : expected) {
+    ASSERT_TRUE(numbers.contains(place)) << place.first << ", " << place.second;
+    const Json& cell = numbers[place];
+    EXPECT_THAT(cell["value"].get<double>(), DoubleNear(value, 1e-11)) << cell;
+    const bool is_count = place.first <= 10;
+    EXPECT_EQ(cell["type"], is_count ? 1 : 13) << cell;
+    EXPECT_EQ(cell["text"], is_count ? std::to_string(std::lround(value)) : FourDecimals(value));
+    EXPECT_EQ(cell.value("decimals", "none"), is_count ? "none" : "4") << cell;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(, ExampleRun, testing::Values("single", "duplicate"));
+
+TEST(Run, TellsAllThatTheWindowsShow) {
+  const Answered answer = RunForJson({"run", "ols", "--demo", "XY Regression Single"});
+  const Json& run = answer.json;
+  std::vector<std::string> keys;
+  for (const auto& [key, value] : run.items()) keys.push_back(key);
+  EXPECT_THAT(
+      keys, ElementsAre("schema", "analysis", "options", "status", "messages", "results", "plots"));
+  EXPECT_EQ(run["schema"], 1);
+  EXPECT_EQ(run["analysis"], "ols");
+  EXPECT_EQ(run["status"], "done");
+  EXPECT_EQ(run["messages"], Json::array());
+  EXPECT_EQ(run["options"].dump(),
+            R"({"mode":"single","id":"1","first-column":"2","second-column":"3",)"
+            R"("third-column":"4","fourth-column":"5","xc1":"","xc2":"","outlier-limit":"4",)"
+            R"("show-residuals":"off","show-bands":"off","plot-bands":"on"})");
+  EXPECT_EQ(run["results"]["window"], "MCstatF1s");
+  EXPECT_EQ(run["results"]["title"],
+            "Quorval      Ordinary Least-Squares Regression Analysis    Single (x, y)");
+  EXPECT_EQ(run["results"]["open"], true);
+  const Json& cells = run["results"]["cells"];
+  EXPECT_EQ(cells[0].dump(),
+            R"({"row":2,"column":1,"text":"  Results of Ordinary Least-Squares Regression )"
+            R"(Analysis","type":1,"bold":true})");
+  EXPECT_EQ(cells[2].dump(), R"text({"row":3,"column":2,"text":"Demo XY Regression Project )text"
+                             R"text((single)","type":1})text");
+  std::vector<Place> places;
+  for (const Json& cell : cells) places.emplace_back(cell["row"], cell["column"]);
+  EXPECT_TRUE(std::ranges::is_sorted(places));
+}
+
+TEST(Run, GivesTheSeriesOfEachPlot) {
+  const Json run = RunForJson({"run", "ols", "--demo", "XY Regression Single"}).json;
+  ASSERT_EQ(run["plots"].size(), 2u);
+  const Json& xy = run["plots"][0];
+  EXPECT_EQ(xy["window"], "frmXY1s");
+  EXPECT_EQ(xy["caption"], "X-Y plot Ord. least-squares reg. analysis");
+  EXPECT_EQ(xy["shown"], true);
+  EXPECT_EQ(xy["x-min"], Json());
+  std::vector<std::string> shapes;
+  for (const Json& series : xy["series"])
+    shapes.push_back(series["index"].dump() + " " + series["draw"].get<std::string>() + " " +
+                     std::to_string(series["x"].size()) + " " + std::to_string(series["y"].size()));
+  EXPECT_THAT(shapes, ElementsAre("1 points 25 25", "2 points 1 1", "3 line 2 2", "4 line 2 2",
+                                  "5 line 11 11", "6 line 11 11"));
+  EXPECT_EQ(xy["series"][0]["x"][0], 2.521);
+  EXPECT_EQ(xy["series"][0]["y"][24], 7.653);
+  EXPECT_EQ(xy["series"][3]["y"], Json::parse("[2.521, 23.409]"));
+  const Json& residuals = run["plots"][1];
+  EXPECT_EQ(residuals["window"], "frmRes1s");
+  ASSERT_EQ(residuals["series"].size(), 1u);
+  EXPECT_EQ(residuals["series"][0]["x"].size(), 25u);
+}
+
+TEST(Run, PrintsTheSheetAsATable) {
+  const Ended ended =
+      RunProgram({"run", "ols", "--demo", "XY Regression Duplicate", "--set", "mode=duplicate",
+                  "--set", "xc1=5", "--decimals", "2", "--project", "M\xC3\xBCller\nand others"});
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.out,
+            "\n"
+            "  Results of Ordinary Least-Squares Regression Analysis\n"
+            "  Project:                                M\xC3\xBCller and others\n"
+            "  Analyst:\n"
+            "  Analyte:                                         Date:\n"
+            "  Number of (x1, x2, y1, y2) data points     25\n"
+            "  x1: Col no.                                 2\n"
+            "  x2: Col no.                                 3\n"
+            "  y1: Col no.                                 4\n"
+            "  y2: Col no.                                 5\n"
+            "  Slope b                                  0.96\n"
+            "  SE b                                     0.03\n"
+            "  95%-Conf. Int.                           0.90  1.02\n"
+            "  Test for slope deviation from 1\n"
+            "  t  and  P                               -1.27   n.s.\n"
+            "  Correlation coefficient                  0.99   P < 0.001\n"
+            "  SDyx                                     0.81\n"
+            "  Test for dev. from linearity             n.s.\n"
+            "  Intercept  a0                            0.56\n"
+            "  SE a0                                    0.33\n"
+            "  95%-Conf. Int.                          -0.13  1.25\n"
+            "  Test for intercept deviation from 0\n"
+            "  t  and  P                                1.69   n.s.\n"
+            "  Critical value Xc1                       5.00\n"
+            "  Difference Yc1 - Xc1 with SE             0.38  0.22\n"
+            "\n"
+            "\n"
+            "  No outliers identified\n"
+            "  Outlier limit: No. of SDs                4.00\n");
+}
+
+TEST(Run, WritesItsJsonBesideTheTable) {
+  const TemporaryFolder folder;
+  const Ended ended =
+      RunProgram({"run", "ols", "--demo", "XY Regression Single", "--json", folder / "run.json"});
+  EXPECT_THAT(ended.out, testing::HasSubstr("  Slope b "));
+  EXPECT_EQ(Json::parse(BytesOf(folder / "run.json"))["status"], "done");
+}
+
+// --- Data files
+
+TEST(DataFile, IsReadFromItsTitlesOn) {
+  const TemporaryFolder folder;
+  const std::string comma = folder / "a.csv";
+  const std::string tab = folder / "a.tsv";
+  WriteBytes(comma, "\xEF\xBB\xBFID,\"x, ref\",y\r\na,1,1\r\nb,2,3\r\nc,4,4\r\n\r\nd,7,7\r\n");
+  WriteBytes(tab, "ID\tx, ref\ty\na\t1\t1\nb\t2\t3\nc\t4\t4\n\nd\t7\t7");
+  const Answered answer = RunForJson({"run", "ols", comma});
+  ASSERT_EQ(answer.status, 0);
+  const auto cells = CellsOf(answer.json);
+  EXPECT_EQ(cells.at({6, 2})["value"], 3);  // the blank line ends the columns
+  // x 1, 2, 4 and y 1, 3, 4: Sxx = 14/3, Sxy = 13/3.
+  EXPECT_THAT(cells.at({11, 2})["value"].get<double>(), DoubleNear(13.0 / 14, 1e-7));
+  EXPECT_EQ(RunForJson({"run", "ols", tab}).json["results"], answer.json["results"]);
+}
+
+TEST(DataFile, OfBytesThatAreNotUtf8InTheOptionsIsNoHarm) {
+  const Answered answer = RunForJson({"run", "ols", "--demo", "XY Regression Single", "--project",
+                                      "\xB5mol", "--set", "xc1=\xFF"});
+  EXPECT_EQ(answer.json["options"]["xc1"], "\xEF\xBF\xBD");
+  EXPECT_EQ(CellsOf(answer.json).at({3, 2})["text"], "\xEF\xBF\xBDmol");
+}
+
+// --- Refusals and failures
+
+struct Refused {
+  std::string name, data;
+  Arguments settings;
+  std::vector<std::string> messages;
+  bool open = true;  // the results window
+  int last_row = 0;  // that holds anything
+};
+void PrintTo(const Refused& refused, std::ostream* out) { *out << refused.name; }
+
+class RefusedRun : public testing::TestWithParam<Refused> {};
+
+TEST_P(RefusedRun, TellsItsMessagesInOrder) {
+  const TemporaryFolder folder;
+  const std::string data = folder / "data.csv";
+  WriteBytes(data, GetParam().data);
+  Arguments arguments{"run", "ols", data};
+  for (const std::string& setting : GetParam().settings)
+    arguments.insert(arguments.end(), {"--set", setting});
+  const Answered answer = RunForJson(arguments);
+  EXPECT_EQ(answer.status, 1);
+  EXPECT_EQ(answer.err, MessageLines(GetParam().messages));
+  EXPECT_EQ(answer.json["status"], "refused");
+  Json messages = Json::array();
+  for (const std::string& text : GetParam().messages)
+    messages.push_back({{"text", text}, {"title", ""}, {"buttons", "ok"}});
+  EXPECT_EQ(answer.json["messages"], messages);
+  EXPECT_EQ(answer.json["plots"], Json::array());
+  const Json& results = answer.json["results"];
+  EXPECT_EQ(results["window"], "MCstatF1s");
+  EXPECT_THAT(results["title"], testing::Ne(""));
+  EXPECT_EQ(results["open"], GetParam().open);
+  EXPECT_EQ(results["cells"].empty() ? 0 : results["cells"].back()["row"].get<int>(),
+            GetParam().last_row);
+}
+
+const std::string kThree = "ID,x,y\na,1,1\nb,2,3\nc,4,4\n";
+const std::string kColumnRefused = "Selected column no. not allowed!";
+const std::string kLimitRefused = "Negative value for Outlier limit not allowed!";
+const std::string kUnequal = "Unequal number of observations in columns: No analysis";
+const std::string kError = "Error occurred";
+
+// The dialog's rules: no run takes place.
+INSTANTIATE_TEST_SUITE_P(
+    ByTheDialog, RefusedRun,
+    testing::Values(
+        Refused{"x column 0", kThree, {"first-column=0"}, {kColumnRefused}, false},
+        Refused{"no y column", kThree, {"second-column="}, {kColumnRefused}, false},
+        Refused{"column 0.6", kThree, {"first-column=0.6"}, {kColumnRefused}, false},
+        Refused{"a word for a column", kThree, {"second-column=y"}, {kColumnRefused}, false},
+        Refused{"y2 column -1",
+                kThree,
+                {"mode=duplicate", "fourth-column=-1"},
+                {kColumnRefused},
+                false},
+        Refused{"columns before the limit",
+                kThree,
+                {"outlier-limit=0", "first-column=0"},
+                {kColumnRefused},
+                false},
+        Refused{"outlier limit 0", kThree, {"outlier-limit=0"}, {kLimitRefused}, false},
+        Refused{"no outlier limit", kThree, {"outlier-limit="}, {kLimitRefused}, false},
+        Refused{"a limit beyond 32 bits", kThree, {"outlier-limit=1e39"}, {kLimitRefused}, false}));
+
+INSTANTIATE_TEST_SUITE_P(
+    ByTheRun, RefusedRun,
+    testing::Values(
+        Refused{"an empty file", "", {}, {" n < 3: No regression analysis"}},
+        Refused{"two points", "ID,x,y\na,1,1\nb,2,3\n", {}, {" n < 3: No regression analysis"}},
+        Refused{"unequal columns", kThree + "d,5,\n", {}, {kUnequal, kError}},
+        Refused{"unequal replicates",
+                "ID,a,b,c,d\n,1,1,1,\n,2,2,2,\n,3,3,3,\n",
+                {"mode=duplicate"},
+                {kUnequal, kError}},
+        Refused{"all x equal",
+                "ID,x,y\n,2,1\n,2,2\n,2,3\n",
+                {},
+                {" No dispersion of x values: no regression analysis "}},
+        Refused{"x too close for 32 bits",
+                "ID,x,y\n,1e-30,1\n,2e-30,3\n,3e-30,2\n",
+                {},
+                {"  Regression result could not be computed "}},
+        Refused{"a word in the data", "ID,x,y\n,1,1\n,2,n.d.\n,3,3\n", {}, {kError}},
+        Refused{"a word among two rows", "ID,x,y\n,1,1\n,n.d.,2\n", {}, {kError}},
+        Refused{"a thousands mark", "ID,x,y\n,\"1,000\",1\n,2,3\n,3,3\n", {}, {kError}},
+        Refused{"a perfect line", "ID,x,y\n,1,2\n,2,4\n,3,6\n", {}, {kError}},
+        Refused{"column 2x", kThree, {"first-column=2x"}, {kError}},
+        Refused{"column 40000", kThree, {"first-column=40000"}, {kError}},
+        Refused{"column 501", kThree, {"second-column=501"}, {kUnequal, kError}},
+        Refused{"a word for the ID column", kThree, {"id=ID"}, {kError}},
+        Refused{"no ID column in duplicate mode", kThree, {"mode=duplicate", "id="}, {kError}},
+        Refused{"Xc1 beyond 32 bits", kThree, {"xc1=1e39"}, {kError}}));
+
+TEST(Run, KeepsTheRowsWrittenBeforeBadDecimals) {
+  for (const char* decimals : {"abc", "", "-1", "31"}) {
+    const Answered answer =
+        RunForJson({"run", "ols", "--demo", "XY Regression Single", "--decimals", decimals});
+    EXPECT_EQ(answer.status, 1) << decimals;
+    EXPECT_EQ(answer.err, MessageLines({kError})) << decimals;
+    const Json last = answer.json["results"]["cells"].back();
+    EXPECT_EQ(last["row"], 11) << decimals;
+    EXPECT_EQ(last["text"], "  Slope b") << decimals;
+  }
+}
+
+TEST(Run, PrintsNoTableOfAWindowThatIsNotOpen) {
+  const Ended ended =
+      RunProgram({"run", "ols", "--demo", "XY Regression Single", "--set", "outlier-limit=-4"});
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.out, "");
+}
+
+}  // namespace
+}  // namespace quorval::test
