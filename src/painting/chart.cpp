@@ -3,6 +3,7 @@
 #include <qcustomplot.h>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "painting/qt_text.h"
@@ -27,16 +28,15 @@ QFont ChartFont(int pixels, bool bold = false) {
   return font;
 }
 
-Qt::PenStyle PenStyleOf(Pattern pattern) {
-  switch (pattern) {
-    case Pattern::kSolid:
-      return Qt::SolidLine;
-    case Pattern::kDashed:
-      return Qt::DashLine;
-    case Pattern::kDotted:
-      return Qt::DotLine;
+QPen LinePen(const QColor& colour, double width, Pattern pattern) {
+  QPen pen(colour, width);
+  if (pattern == Pattern::kDashed) pen.setDashPattern({5, 3});
+  if (pattern == Pattern::kDotted) {
+    pen.setWidthF(1.8);
+    pen.setCapStyle(Qt::RoundCap);
+    pen.setDashPattern({0.1, 2.6});
   }
-  return Qt::SolidLine;
+  return pen;
 }
 
 bool HasLine(const Series& series) {
@@ -47,16 +47,21 @@ bool HasPoints(const Series& series) {
   return series.draw == Draw::kPoints || series.draw == Draw::kPointsAndLine;
 }
 
-// The chart's own colour of a series.  The first solid line, which is the fit, is the darkest.
+// Whether the series is the first solid line, which is the fit where a plot has one.
+bool IsMainLine(const Plot& plot, const Series& series) {
+  const auto first = std::ranges::find_if(plot.series, [](const Series& s) {
+    return s.draw == Draw::kLine && s.pattern == Pattern::kSolid;
+  });
+  return first != plot.series.end() && &*first == &series;
+}
+
+// The chart's own colour of a series.
 QColor OwnColour(const Plot& plot, const Series& series) {
   if (series.draw != Draw::kLine)
     return series.mark == Mark::kCross ? QColor(kVermilion) : QColor(kBlue);
   if (series.pattern == Pattern::kDashed) return QColor(kDimInk);
   if (series.pattern == Pattern::kDotted) return QColor(kGreen);
-  const auto first = std::ranges::find_if(plot.series, [](const Series& s) {
-    return s.draw == Draw::kLine && s.pattern == Pattern::kSolid;
-  });
-  return &*first == &series ? QColor(kInk) : QColor(kBlue);
+  return IsMainLine(plot, series) ? QColor(kInk) : QColor(kBlue);
 }
 
 QColor ColourOf(const Plot& plot, const Series& series) {
@@ -99,18 +104,34 @@ void AddBars(const Series& series, const QColor& colour, QCustomPlot& chart) {
   for (const Point& point : series.points) bars->addData(Raw(point.x), Raw(point.y));
 }
 
+// Opaque, so that a point drawn twice looks like one.
+QColor Paler(const QColor& colour) {
+  const auto paler = [](int channel) { return 255 - (255 - channel) / 2; };
+  return {paler(colour.red()), paler(colour.green()), paler(colour.blue())};
+}
+
 QCPScatterStyle MarkStyle(Mark mark, const QColor& colour) {
   if (mark == Mark::kCross)
     return {QCPScatterStyle::ssCross, QPen(colour, 2, Qt::SolidLine, Qt::RoundCap), Qt::NoBrush, 9};
-  QColor fill = colour;
-  fill.setAlphaF(0.45F);  // points that lie upon each other show
-  return {QCPScatterStyle::ssCircle, QPen(colour, 1), fill, 6.5};
+  return {QCPScatterStyle::ssCircle, QPen(colour, 1), Paler(colour), 6.5};
 }
 
-void AddCurve(const Series& series, const QColor& colour, QCustomPlot& chart) {
-  auto* curve = new QCPCurve(chart.xAxis, chart.yAxis);
+// A curve whose marks on the frame are drawn whole.
+class Curve : public QCPCurve {
+ public:
+  using QCPCurve::QCPCurve;
+
+ protected:
+  QRect clipRect() const override {
+    const int reach = lineStyle() == lsNone ? 6 : 0;
+    return QCPCurve::clipRect().adjusted(-reach, -reach, reach, reach);
+  }
+};
+
+void AddCurve(const Series& series, const QColor& colour, double width, QCustomPlot& chart) {
+  auto* curve = new Curve(chart.xAxis, chart.yAxis);
   curve->setLineStyle(HasLine(series) ? QCPCurve::lsLine : QCPCurve::lsNone);
-  curve->setPen(QPen(colour, 1.4, PenStyleOf(series.pattern)));
+  curve->setPen(LinePen(colour, width, series.pattern));
   curve->setScatterStyle(HasPoints(series) ? MarkStyle(series.mark, colour) : QCPScatterStyle());
   for (const Point& point : series.points) curve->addData(Raw(point.x), Raw(point.y));
 }
@@ -172,6 +193,33 @@ QCPRange RangeOf(const Axis& axis, Extent extent, bool stands_on_zero) {
 
 // --- Frame
 
+// Labels that tell neighbouring ticks apart, all with the same decimals.
+class Ticker : public QCPAxisTicker {
+ public:
+  Ticker() { setTickCount(6); }
+
+ protected:
+  QVector<QString> createLabelVector(const QVector<double>& ticks, const QLocale& locale,
+                                     QChar format, int precision) override {
+    if (ticks.size() < 2) return QCPAxisTicker::createLabelVector(ticks, locale, format, precision);
+    const double largest = std::max(std::abs(ticks.first()), std::abs(ticks.last()));
+    const int step_digit = int(std::floor(std::log10(ticks[1] - ticks[0]) + 1e-9));
+    if (largest < 1e6 && step_digit >= -6) {
+      const int decimals = std::max(0, ExtraDecimals(ticks, step_digit) - step_digit);
+      return QCPAxisTicker::createLabelVector(ticks, locale, u'f', decimals);
+    }
+    const int digits = int(std::floor(std::log10(largest))) - step_digit + 2;
+    return QCPAxisTicker::createLabelVector(ticks, locale, u'g', std::clamp(digits, 1, 15));
+  }
+
+ private:
+  // One where the step is 2.5 times a power of ten.
+  static int ExtraDecimals(const QVector<double>& ticks, int step_digit) {
+    const double mantissa = (ticks[1] - ticks[0]) / std::pow(10, step_digit);
+    return std::abs(mantissa - std::round(mantissa)) > 0.1 ? 1 : 0;
+  }
+};
+
 void StyleAxis(QCPAxis& axis, const Axis& wanted, const QCPRange& range, bool labelled) {
   const QPen ink(QColor(kAxisInk), 1);
   axis.setBasePen(ink);
@@ -187,7 +235,7 @@ void StyleAxis(QCPAxis& axis, const Axis& wanted, const QCPRange& range, bool la
   axis.setLabelColor(kInk);
   axis.setLabelPadding(6);
   axis.setLabel(ToQt(wanted.title));
-  axis.ticker()->setTickCount(6);
+  axis.setTicker(QSharedPointer<Ticker>::create());
   axis.grid()->setPen(QPen(QColor(kGridInk), 1));
   axis.grid()->setZeroLinePen(QPen(QColor(kZeroInk), 1));
   axis.grid()->setVisible(labelled);
@@ -219,6 +267,7 @@ void PlaceTexts(const Plot& plot, QCustomPlot& chart) {
 }  // namespace
 
 void DrawPlot(const Plot& plot, QCustomPlot& chart) {
+  chart.setWindowTitle(ToQt(plot.caption));
   chart.clearPlottables();
   PlaceTexts(plot, chart);
   const Extent x = ExtentOfX(plot), y = ExtentOfY(plot);
@@ -228,10 +277,11 @@ void DrawPlot(const Plot& plot, QCustomPlot& chart) {
   CloseFrame(*chart.yAxis2);
   chart.axisRect()->setMinimumMargins({14, 14, 24, 10});
   for (const Series& series : plot.series) {
+    const QColor colour = ColourOf(plot, series);
     if (series.draw == Draw::kBars)
-      AddBars(series, ColourOf(plot, series), chart);
+      AddBars(series, colour, chart);
     else
-      AddCurve(series, ColourOf(plot, series), chart);
+      AddCurve(series, colour, IsMainLine(plot, series) ? 1.6 : 1.2, chart);
   }
 }
 

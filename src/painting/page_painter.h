@@ -3,19 +3,25 @@
 
 #include <QLocale>
 #include <filesystem>
+#include <functional>
 #include <span>
 
 #include "platform/platform.h"
 
-class QPrinter;
+class QPagedPaintDevice;
 
 namespace quorval {
 
-// Paints the jobs one after the other; each starts a page and counts its pages from 1.  Numbers
-// have the locale's decimal sign.
-void PaintJobs(std::span<const PrintJob> jobs, const QLocale& locale, QPrinter& printer);
+// Asked before each page of a job; false stops the printing.
+using GoOn = std::function<bool(const PrintJob& job)>;
 
-// The same into a PDF file; false when it cannot be written.
+// Paints the jobs one after the other; each starts a page and counts its pages from 1.  Numbers
+// have the locale's decimal sign.  A printer's own choice of pages is kept to.  False when the
+// device cannot be painted on.
+bool PaintJobs(std::span<const PrintJob> jobs, const QLocale& locale, QPagedPaintDevice& device,
+               const GoOn& go_on = {});
+
+// The same into a PDF file of A4 pages; false when it cannot be written.
 bool PrintToPdf(std::span<const PrintJob> jobs, const QLocale& locale,
                 const std::filesystem::path& path);
 

@@ -41,6 +41,8 @@ QByteArray SvgBytes(QCustomPlot& chart, QSize size) {
   QBuffer buffer(&bytes);
   QSvgGenerator svg;
   svg.setOutputDevice(&buffer);
+  svg.setTitle(chart.windowTitle());
+  svg.setDescription({});
   svg.setResolution(kScreenDpi);
   svg.setSize(size);
   svg.setViewBox(QRect({0, 0}, size));
@@ -54,6 +56,7 @@ QByteArray PdfBytes(QCustomPlot& chart, QSize size) {
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
   QPdfWriter pdf(&buffer);
+  pdf.setTitle(chart.windowTitle());
   pdf.setResolution(kPdfDpi);
   pdf.setPageSize(
       QPageSize(QSizeF(size) * kPointsPerPixel, QPageSize::Point, {}, QPageSize::ExactMatch));

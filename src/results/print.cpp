@@ -9,7 +9,8 @@ namespace quorval {
 namespace {
 
 constexpr std::string_view kFooter = "/cQuorval/rPage #/p/n";
-constexpr double kPictureColumnWidth = 100;
+constexpr double kPictureColumnWidth = 100;  // characters
+constexpr double kPictureWidth = 520;        // points, of a page's column
 
 // A page of pictures: one to a row, and a dot below that makes the used range reach beyond them.
 struct PicturePage {
@@ -22,7 +23,9 @@ bool Fill(PicturePage& page, Platform& platform, const PlotJob& job, std::span<c
   for (const PlotPicture& wanted : job.pictures) {
     const auto plot = std::ranges::find(plots, wanted.window, &Plot::window);
     if (plot == plots.end()) continue;
-    Picture picture = PictureOf(platform, *plot, folder / wanted.bitmap);
+    Plot drawn = *plot;
+    drawn.aspect = kPictureWidth / wanted.height;
+    Picture picture = PictureOf(platform, drawn, folder / wanted.bitmap);
     if (!picture) return false;
     page.heights.push_back(wanted.height);
     Cell& cell = page.grid.Edit(1, static_cast<int>(page.heights.size()));
