@@ -23,7 +23,7 @@ constexpr MenuEntry kStatisticsMenu[] = {
     {"Weighted De&ming Regression Analysis"},
     {"Passing-Bablok regression"},
     {"Polynomial Regression Analysis"},
-    {"&Reference Interval"},
+    {"&Reference Interval", &reference::kReference},
     {"D&iagnostic test Evaluation"},
     {"&Comparison of Diagnostic tests"},
     {"&General Statistics: One Sample"},

@@ -34,4 +34,8 @@ namespace regression {
 extern const Analysis kOls;
 }  // namespace regression
 
+namespace reference {
+extern const Analysis kReference;
+}  // namespace reference
+
 }  // namespace quorval

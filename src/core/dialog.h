@@ -22,8 +22,9 @@ struct When {
 using Conditions = std::array<When, 2>;
 
 struct Choice {
-  std::string_view word;     // what the batch program and the code say
-  std::string_view caption;  // empty: no button; the field holds it while none is pressed
+  std::string_view word;       // what the batch program and the code say
+  std::string_view caption;    // empty: no button; the field holds it while none is pressed
+  std::string_view heading{};  // a line of text above the button
 };
 
 enum class FieldKind {

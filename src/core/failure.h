@@ -37,4 +37,16 @@ auto Insist(Messages& messages, std::string_view words, Work&& work) {
   }
 }
 
+// Runs `work`.  A Failure in it, which has told its own words or leaves the telling to its caller,
+// is told as `words` too and goes on up.
+template <class Work>
+auto TellAlso(Messages& messages, std::string_view words, Work&& work) {
+  try {
+    return std::forward<Work>(work)();
+  } catch (const Failure&) {
+    messages.Tell(words);
+    throw;
+  }
+}
+
 }  // namespace quorval

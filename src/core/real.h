@@ -49,6 +49,8 @@ constexpr Real& operator/=(Real& a, Real b) { return a = a / b; }
 
 constexpr Real Square(Real a) { return a * a; }
 inline Real Abs(Real a) { return std::fabs(Raw(a)); }
+// -1, 0 or 1.
+constexpr int SignOf(Real a) { return (a > 0) - (a < 0); }
 // The largest whole number that is not above a.
 inline Real Int(Real a) { return std::floor(Raw(a)); }
 inline Real Sqrt(Real a) {

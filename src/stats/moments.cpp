@@ -5,37 +5,39 @@
 namespace quorval {
 namespace {
 
-struct Moments {
-  Real m2, m3, m4;
-};
+// The differences from the mean.
+Sample Centred(std::span<const Real> y) {
+  const Real mean = Sum(y) / y.size();
+  Sample differences;
+  for (Real value : y) differences.push_back(value - mean);
+  return differences;
+}
 
-Moments CentralMoments(std::span<const Real> y) {
-  const Real N = y.size();
-  const Real mean = Sum(y) / N;
-  Real squares, cubes, fourths;
-  for (Real value : y) {
-    const Real d = value - mean;
-    squares += d * d;
-    cubes += d * d * d;
-    fourths += d * d * d * d;
-  }
-  return {squares / N, cubes / N, fourths / N};
+// The population SD of values whose mean is 0.
+Real PopulationSD(std::span<const Real> centred) {
+  Real squares;
+  for (Real d : centred) squares += d * d;
+  return Sqrt(squares / centred.size());
 }
 
 }  // namespace
 
 Real Skewness(Messages& messages, std::span<const Real> y) {
   return Insist(messages, "Error in skewness sub", [&] {
-    const Moments m = CentralMoments(y);
-    const Real sd = Sqrt(m.m2);
-    return m.m3 / (sd * sd * sd);
+    const Sample centred = Centred(y);
+    const Real sd = PopulationSD(centred);
+    Real cubes;
+    for (Real d : centred) cubes += d * d * d;
+    return cubes / y.size() / (sd * sd * sd);
   });
 }
 
 Real Kurtosis(std::span<const Real> y) {
-  const Moments m = CentralMoments(y);
-  const Real sd = Sqrt(m.m2);
-  return m.m4 / (sd * sd * sd * sd) - 3;
+  const Sample centred = Centred(y);
+  const Real sd = PopulationSD(centred);
+  Real fourths;
+  for (Real d : centred) fourths += d * d * d * d;
+  return fourths / y.size() / (sd * sd * sd * sd) - 3;
 }
 
 }  // namespace quorval

@@ -73,8 +73,6 @@ std::string_view ClassOf(Real statistic, const CriticalValues<N>& lower,
 
 // --- Runs test
 
-int SignOf(Real value) { return (value > 0) - (value < 0); }
-
 int CountRuns(std::span<const Real> residuals) {
   int runs = 1;
   for (std::size_t i = 1; i < residuals.size(); ++i)

@@ -1,0 +1,40 @@
+// What every procedure of the reference interval starts from and ends in.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/real.h"
+
+namespace quorval::reference {
+
+struct ReferenceSample {
+  Sample RefValues;  // 32-bit values, ascending; at least 20, not all equal
+  std::string AnalyteName;
+
+  Real N() const { return RefValues.size(); }
+};
+
+struct Limits {
+  Real lower, upper;
+};
+
+struct Percentile {
+  Real value;
+  std::optional<Limits> confidence{};  // 90 %; none where the sample is too small
+};
+
+// The 2.5th and the 97.5th percentile.
+struct ReferenceInterval {
+  Percentile lower, upper;
+};
+
+// The normal deviate of a two-sided 90 % confidence interval.
+inline constexpr double kDeviateOf90 = 1.645;
+
+// Estimate -/+ 1.645 of its standard errors.
+inline Limits LimitsAround(Real estimate, Real se) {
+  return {estimate - kDeviateOf90 * se, estimate + kDeviateOf90 * se};
+}
+
+}  // namespace quorval::reference
