@@ -140,6 +140,7 @@ INSTANTIATE_TEST_SUITE_P(
     , DifferenceGoesOn,
     testing::Values(
         Case{"no IDs", kThree, {{"id", ""}}, {}}, Case{"ID 0", kThree, {{"id", "0"}}, {}},
+        Case{"the last column as ID", kThree, {{"id", "500"}}, {}},
         Case{"ID negative, duplicate", kThree, {{"mode", "duplicate"}, {"id", "-1"}}, {}},
         Case{"columns are rounded halves to even",
              kThree,

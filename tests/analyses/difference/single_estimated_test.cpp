@@ -107,6 +107,14 @@ TEST(DifferenceSingle, FindsThePublishedMeanAndSD) {
   EXPECT_THAT(told.Value(22, 3), DoubleNear(38.8, 0.05));
 }
 
+TEST(DifferenceSingle, ClassesItsCorrelationBy2DegreesOfFreedomLessThanPairs) {
+  // Means 10 to 50, differences 1, 2, 2, 2 and 5: r = 8 / sqrt(92).
+  const Transcript told =
+      RunDifference({{"9.5", "19", "29", "39", "47.5"}, {"10.5", "21", "31", "41", "52.5"}});
+  EXPECT_EQ(LinesOf(told.sheet, 24, 24),
+            Lines{"24:  Correlation abs. diff. plot: r= |0.834058| 0.05 < P < 0.10 "});
+}
+
 TEST(DifferenceSingle, ListsFractionsUnderTheirOwnHeads) {
   const Transcript told = RunDifference(MadeColumns(), {{"show-data", "on"}});
   EXPECT_EQ(LinesOf(told.sheet, 73, 76), (Lines{
