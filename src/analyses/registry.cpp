@@ -16,7 +16,7 @@ constexpr MenuEntry kMethodEvaluation[] = {
 constexpr MenuEntry kStatisticsMenu[] = {
     {.caption = "&Method Evaluation", .chooser = kMethodEvaluation},
     {"&Control Chart"},
-    {"&Difference Plot (Bland-Altman)"},
+    {"&Difference Plot (Bland-Altman)", &difference::kDifference},
     {"&Ord. Least Squares Regression Analysis", &regression::kOls},
     {"&Weighted  Least Squares Regression Analysis"},
     {"D&eming Regression Analysis"},

@@ -30,6 +30,10 @@ std::vector<MenuEntry> Analyses();
 // The analysis of this id; null where there is none.
 const Analysis* FindAnalysis(std::string_view id);
 
+namespace difference {
+extern const Analysis kDifference;
+}  // namespace difference
+
 namespace regression {
 extern const Analysis kOls;
 }  // namespace regression

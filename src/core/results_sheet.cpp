@@ -19,12 +19,12 @@ std::uint8_t ToDecimals(std::string_view text) {
 
 }  // namespace
 
-void ResultsSheet::Frame(std::string_view title, int date_row) {
+void ResultsSheet::Frame(std::string_view title, DateBeside date) {
   Row(2, Bold{title});
   Row(3, "  Project:", context_->ProjectName);
   Row(4, "  Analyst: ");
   Row(5, "  Analyte: ");
-  Put(date_row, 3, "  Date: ");
+  Put(static_cast<int>(date), 3, "  Date: ");
 }
 
 void ResultsSheet::Put(int row, int column, std::string_view text) {

@@ -16,6 +16,9 @@ struct Bold {
   std::string_view text;
 };
 
+// The row in whose third column a sheet has its blank for the date.
+enum class DateBeside { kAnalyst = 4, kAnalyte = 5 };
+
 // The grid of a results window, columns and rows counted from 1.  The type of a value decides the
 // cell: text and counts go into edit cells, a Real into a number cell with the decimals of the
 // moment.  So Row() reads as the row of the layout that it writes.
@@ -30,9 +33,8 @@ class ResultsSheet {
   // What an earlier run wrote goes.
   void Clear() { grid_.ClearAll(); }
 
-  // Rows 2 to 5: the bold title, the project, the blanks for analyst (row 4) and analyte (row 5);
-  // the one for the date stands beside either, by analysis.
-  void Frame(std::string_view title, int date_row = 5);
+  // Rows 2 to 5: the bold title, the project, the blanks for analyst, analyte and date.
+  void Frame(std::string_view title, DateBeside date = DateBeside::kAnalyte);
 
   template <class... Values>
   void Row(int row, const Values&... values) {

@@ -1,0 +1,146 @@
+#include "analyses/difference/options.h"
+
+#include "core/conversion.h"
+
+namespace quorval::difference {
+namespace {
+
+// --- frmBASupplOpt
+
+constexpr std::array<Choice, 4> kLimitKinds{
+    {{"none", ""},
+     {"a", "A: Constant limits +/-"},
+     {"b", "B: Percentage limits +/-"},
+     {"c",
+      "C: Constant limits (from min to division point) followed by percentage limits (from "
+      "division point to max)"}}};
+
+constexpr Field kLimits{.key = "limits",
+                        .kind = FieldKind::kChoice,
+                        .heading = "(replaces estimated 95%-limits for differences on plots)",
+                        .initial = "none",
+                        .choices = kLimitKinds};
+
+constexpr Field FieldOf(std::string_view limit_kind, std::string_view key,
+                        std::string_view caption) {
+  const When chosen{kLimits.key, limit_kind};
+  return {.key = key, .caption = caption, .enabled = {chosen}, .beside = chosen};
+}
+
+constexpr std::string_view kConstantCaption = "Constant limits: +/- ";
+constexpr std::string_view kPercentageCaption = "Percentage limits: +/-";
+
+constexpr Field kAConstant = FieldOf("a", "a-constant", kConstantCaption);
+constexpr Field kBPercent = FieldOf("b", "b-percent", kPercentageCaption);
+constexpr Field kCConstant = FieldOf("c", "c-constant", kConstantCaption);
+constexpr Field kCDivision = FieldOf("c", "c-division", "Division point:");
+constexpr Field kCPercent = FieldOf("c", "c-percent", kPercentageCaption);
+
+constexpr Field kSupplFields[] = {kLimits,    kAConstant, kBPercent,
+                                  kCConstant, kCDivision, kCPercent};
+
+constexpr Dialog frmBASupplOpt{
+    .window = "frmBASupplOpt",
+    .title = "Quorval     Difference plots - Suppl. options ",
+    .heading = "Setting acceptance limits for agreement",
+    .fields = kSupplFields,
+};
+static_assert(WellFormed(frmBASupplOpt));
+
+// --- frmBAOpt
+
+constexpr std::string_view kColumnsGroup = "Data Column No.";
+
+constexpr std::array<Choice, 2> kScales{{{"fraction", "Relative difference as fraction"},
+                                         {"percent", "Relative difference as percentage"}}};
+constexpr Field kScale{.key = "scale",
+                       .kind = FieldKind::kChoice,
+                       .group = "Rel. Diff. Plot (Default)",
+                       .initial = "fraction",
+                       .choices = kScales};
+constexpr Field kOutlierLimit{.key = "outlier-limit",
+                              .caption = "Specify number of standard deviations as outlier limit:",
+                              .initial = "4"};
+constexpr Field kShowData{.key = "show-data",
+                          .kind = FieldKind::kCheck,
+                          .caption = "Show x, y and differences",
+                          .initial = "off"};
+constexpr Field kSupplButton{.kind = FieldKind::kButton,
+                             .caption = "Suppl. options",
+                             .enabled = {kSingle},
+                             .opens = &frmBASupplOpt};
+
+constexpr Field kFields[] = {
+    kMode,
+    InGroup(Captioned(Text9, "ID:"), kColumnsGroup),
+    InGroup(kFirstColumn, kColumnsGroup),
+    InGroup(kSecondColumn, kColumnsGroup),
+    InGroup(kThirdColumn, kColumnsGroup),
+    InGroup(kFourthColumn, kColumnsGroup),
+    kScale,
+    kOutlierLimit,
+    kShowData,
+    kSupplButton,
+};
+
+// A 32-bit number that the whole field must be.
+Single WholeNumber32(const Form& form, const Field& field) {
+  return Single(ToNumber(form.Text(field)));
+}
+
+bool OutsideWorksheet(const Form& form, const Field& field) {
+  const int column = form.Column(field);
+  return column < 1 || column > Worksheet::kColumns;
+}
+
+constexpr std::string_view kColumnsRefused = "Incompatible column selection(s)";
+
+constexpr Rule kRules[] = {
+    {[](const Form& form) {
+       return !form.Blank(Text9) && form.Column(Text9) > Worksheet::kColumns;
+     },
+     kColumnsRefused},
+    {[](const Form& form) {
+       return OutsideWorksheet(form, Text10) || OutsideWorksheet(form, Text11);
+     },
+     kColumnsRefused},
+    {[](const Form& form) {
+       return IsDuplicate(form) &&
+              (OutsideWorksheet(form, Text12) || OutsideWorksheet(form, Text13));
+     },
+     kColumnsRefused},
+    {[](const Form& form) { return WholeNumber32(form, kOutlierLimit) <= 0; },
+     "Incompatible option value(s)"},
+};
+
+}  // namespace
+
+constexpr Dialog frmBAOpt{
+    .window = "frmBAOpt",
+    .title = "Quorval     Difference plots   ",
+    .fields = kFields,
+    .rules = kRules,
+};
+static_assert(WellFormed(frmBAOpt));
+
+Options ReadOptions(const Form& form) {
+  return {.scale = {.percent = form.Is(kScale, "percent")},
+          .outlier_limit = WholeNumber32(form, kOutlierLimit),
+          .show_data = form.On(kShowData)};
+}
+
+std::optional<UserLimits> ReadUserLimits(const Form& form) {
+  const auto number = [&](const Field& field) { return WholeNumber32(form, field); };
+  if (form.Is(kLimits, "a"))
+    return UserLimits{.kind = LimitKind::kConstant, .constant = number(kAConstant)};
+  if (form.Is(kLimits, "b"))
+    return UserLimits{.kind = LimitKind::kPercentage, .percent = number(kBPercent)};
+  if (form.Is(kLimits, "c"))
+    return UserLimits{.kind = LimitKind::kConstantThenPercentage,
+                      .constant = number(kCConstant),
+                      .division = number(kCDivision),
+                      .percent = number(kCPercent)};
+  return std::nullopt;
+}
+
+}  // namespace quorval::difference
