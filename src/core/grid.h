@@ -74,6 +74,9 @@ class Grid {
   // A number written into a cell; an edit cell shows its shortest digits.
   void SetValue(int column, int row, Real value);
 
+  // Makes the cell a number cell.
+  void SetNumber(int column, int row, Real value, std::uint8_t decimals);
+
   // Empties values and formatting.
   void ClearRange(int first_column, int first_row, int last_column, int last_row);
   void ClearAll();
