@@ -86,6 +86,11 @@ void Grid::ClearAll() {
   for (auto& cells : cells_) cells.clear();
 }
 
+void Grid::SetRows(int rows) {
+  ClearRange(1, rows + 1, Columns(), rows_);
+  rows_ = rows;
+}
+
 int Grid::DataRowCnt() const {
   std::size_t count = 0;
   for (const auto& cells : cells_) {

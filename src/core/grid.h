@@ -85,6 +85,14 @@ class Grid {
   int DataRowCnt() const;
   int DataColCnt() const;
 
+  // The rows of a column that were ever written to; below them it is empty.
+  int UsedRows(int column) const {
+    return static_cast<int>(cells_[static_cast<std::size_t>(column - 1)].size());
+  }
+
+  // Changes how many rows there are; what stands below the last one goes.
+  void SetRows(int rows);
+
   bool operator==(const Grid&) const = default;
 
  private:
