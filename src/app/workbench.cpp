@@ -147,6 +147,15 @@ void Workbench::Exit(OpenAnalysis& open) {
   open_.remove_if([&](const OpenAnalysis& one) { return &one == &open; });
 }
 
+// --- A data tool
+
+Outcome Workbench::PressOk(const Tool& tool, const Form& form) {
+  const WaitPointer wait(platform_);
+  RunMessages messages(platform_);
+  ToolRun run{form, worksheet(), messages};
+  return Guard(messages, tool.failure, [&] { tool.run(run); });
+}
+
 // --- A results window
 
 void Workbench::PrintResults(OpenAnalysis& open) {

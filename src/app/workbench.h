@@ -11,6 +11,7 @@
 #include "app/examples.h"
 #include "app/open_analysis.h"
 #include "app/project.h"
+#include "app/tools/tool.h"
 #include "platform/platform.h"
 
 namespace quorval {
@@ -50,6 +51,11 @@ class Workbench {
   void BackToOptions(OpenAnalysis& open);
   // Unloads the results window, its dialog and its plots.
   void Exit(OpenAnalysis& open);
+
+  // --- A data tool
+
+  // Changes the worksheet as the form says.  The dialog closes when it is done.
+  Outcome PressOk(const Tool& tool, const Form& form);
 
   // --- A results window
 

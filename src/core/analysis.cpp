@@ -10,18 +10,9 @@ const Procedure& ProcedureFor(const Analysis& analysis, const Form& form) {
 }
 
 Outcome Execute(const Procedure& procedure, Run& run) {
-  try {
-    procedure.run(run);
-    return Outcome::kDone;
-  } catch (const Fault&) {
-    run.messages.Tell(procedure.failure.fault);
-  } catch (const Failure&) {
-    if (!procedure.failure.second.empty()) run.messages.Tell(procedure.failure.second);
-  } catch (const Refusal&) {
-    // All has been said.
-  }
-  run.plots.clear();
-  return Outcome::kRefused;
+  const Outcome outcome = Guard(run.messages, procedure.failure, [&] { procedure.run(run); });
+  if (outcome == Outcome::kRefused) run.plots.clear();
+  return outcome;
 }
 
 }  // namespace quorval

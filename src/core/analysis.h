@@ -81,6 +81,22 @@ const Procedure& ProcedureFor(const Analysis& analysis, const Form& form);
 
 enum class Outcome { kDone, kRefused };
 
+// Runs `work` to its end or to the boxes of its failure.
+template <class Work>
+Outcome Guard(Messages& messages, const FailurePolicy& failure, Work&& work) {
+  try {
+    work();
+    return Outcome::kDone;
+  } catch (const Fault&) {
+    messages.Tell(failure.fault);
+  } catch (const Failure&) {
+    if (!failure.second.empty()) messages.Tell(failure.second);
+  } catch (const Refusal&) {
+    // All has been said.
+  }
+  return Outcome::kRefused;
+}
+
 // The one place where a run is started, guarded and ended.
 Outcome Execute(const Procedure& procedure, Run& run);
 

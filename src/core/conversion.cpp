@@ -87,6 +87,13 @@ int ToInt16(std::string_view text) {
   return static_cast<int>(Raw(whole));
 }
 
+std::uint8_t ToDecimals(std::string_view text) {
+  constexpr int kMostDecimals = 30;
+  const int decimals = ToInt16(text);
+  if (decimals < 0 || decimals > kMostDecimals) Raise(Fault::Kind::kBadArgument);
+  return static_cast<std::uint8_t>(decimals);
+}
+
 Sample ToNumbers(std::span<const std::string> texts) {
   Sample numbers;
   numbers.reserve(texts.size());

@@ -3,6 +3,7 @@
 // thousands mark; a text that would need one is a word.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,6 +25,9 @@ Real LeadingNumber(std::string_view text);
 
 // The whole text as a 16-bit integer, halves to even.  A Fault on a word and beyond 16 bits.
 int ToInt16(std::string_view text);
+
+// The decimals of a number cell: a whole number from 0 to 30, or a Fault.
+std::uint8_t ToDecimals(std::string_view text);
 
 Sample ToNumbers(std::span<const std::string> texts);
 

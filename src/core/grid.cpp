@@ -59,6 +59,14 @@ void Grid::SetValue(int column, int row, Real value) {
   if (cell.look.type != CellType::kNumber) cell.text = ShortestText(value);
 }
 
+void Grid::SetNumber(int column, int row, Real value, std::uint8_t decimals) {
+  Cell& cell = Edit(column, row);
+  cell.look.type = CellType::kNumber;
+  cell.look.decimals = decimals;
+  cell.text.clear();
+  cell.value = Raw(value);
+}
+
 void Grid::ClearRange(int first_column, int first_row, int last_column, int last_row) {
   for (int column = std::max(first_column, 1); column <= std::min(last_column, Columns());
        ++column) {
@@ -76,6 +84,11 @@ void Grid::ClearRange(int first_column, int first_row, int last_column, int last
 
 void Grid::ClearAll() {
   for (auto& cells : cells_) cells.clear();
+}
+
+void Grid::SetRows(int rows) {
+  ClearRange(1, rows + 1, Columns(), rows_);
+  rows_ = rows;
 }
 
 int Grid::DataRowCnt() const {

@@ -74,6 +74,9 @@ class Grid {
   // A number written into a cell; an edit cell shows its shortest digits.
   void SetValue(int column, int row, Real value);
 
+  // Makes the cell a number cell.
+  void SetNumber(int column, int row, Real value, std::uint8_t decimals);
+
   // Empties values and formatting.
   void ClearRange(int first_column, int first_row, int last_column, int last_row);
   void ClearAll();
@@ -81,6 +84,14 @@ class Grid {
   // The last row, and the last column, that holds anything; 0 when all is empty.
   int DataRowCnt() const;
   int DataColCnt() const;
+
+  // The rows of a column that were ever written to; below them it is empty.
+  int UsedRows(int column) const {
+    return static_cast<int>(cells_[static_cast<std::size_t>(column - 1)].size());
+  }
+
+  // Changes how many rows there are; what stands below the last one goes.
+  void SetRows(int rows);
 
   bool operator==(const Grid&) const = default;
 

@@ -47,15 +47,17 @@ Texts TextsOfRows(const Worksheet& worksheet, int column, std::size_t n) {
 
 inline namespace MCregaM3 {
 
-Column ReadColumn(Run& run, int column) {
+Column ReadColumn(Messages& messages, const Worksheet& worksheet, int column) {
   if (column <= 0 || column > Worksheet::kColumns) {
-    run.messages.Tell("Selected column number should be positive integer =< 30!");
+    messages.Tell("Selected column number should be positive integer =< 30!");
     throw Failure{};
   }
   return {.number = column,
-          .header = run.worksheet.Text(column, 0),
-          .values = WalkColumn(run.worksheet, column)};
+          .header = worksheet.Text(column, 0),
+          .values = WalkColumn(worksheet, column)};
 }
+
+Column ReadColumn(Run& run, int column) { return ReadColumn(run.messages, run.worksheet, column); }
 
 Column ReadDialogColumn(Run& run) { return ReadColumn(run, run.form.Column(Text1)); }
 

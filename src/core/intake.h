@@ -45,6 +45,7 @@ Texts TextsOfRows(const Worksheet& worksheet, int column, std::size_t n);
 inline namespace MCregaM3 {
 
 // The column routines refuse a number below 1 or above 500 with a box and a Failure.
+Column ReadColumn(Messages& messages, const Worksheet& worksheet, int column);
 Column ReadColumn(Run& run, int column);
 Column ReadDialogColumn(Run& run);  // of Text1
 Column ReadColumnWithId(Run& run);  // of Text1, with the IDs of Text2 unless that is blank

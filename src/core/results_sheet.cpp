@@ -7,17 +7,6 @@
 #include "core/conversion.h"
 
 namespace quorval {
-namespace {
-
-constexpr int kMostDecimals = 30;
-
-std::uint8_t ToDecimals(std::string_view text) {
-  const int decimals = ToInt16(text);
-  if (decimals < 0 || decimals > kMostDecimals) Raise(Fault::Kind::kBadArgument);
-  return static_cast<std::uint8_t>(decimals);
-}
-
-}  // namespace
 
 void ResultsSheet::Frame(std::string_view title, DateBeside date) {
   Row(2, Bold{title});

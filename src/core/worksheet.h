@@ -22,6 +22,10 @@ class Worksheet {
   void SetText(int column, int row, std::string_view text) { grid_.SetText(column, row + 1, text); }
   void SetValue(int column, int row, Real value) { grid_.SetValue(column, row + 1, value); }
 
+  void SetNumber(int column, int row, Real value, std::uint8_t decimals) {
+    grid_.SetNumber(column, row + 1, value, decimals);
+  }
+
   // The extent in the grid's own numbering, where row 0 is 1; 0 for an empty sheet.
   int DataRowCnt() const { return grid_.DataRowCnt(); }
   int DataColCnt() const { return grid_.DataColCnt(); }

@@ -1,0 +1,37 @@
+// Turns the cells of one column into number cells with so many decimals.
+#include "app/tools/tool.h"
+#include "core/conversion.h"
+#include "core/intake.h"
+
+namespace quorval {
+namespace {
+
+constexpr Field kColumn{.key = "column", .caption = "Select col no.:"};
+constexpr Field kDecimals{.key = "decimals", .caption = "Number of decimal places:"};
+constexpr Field kFields[] = {kColumn, kDecimals};
+
+constexpr Dialog frmFormat{.window = "frmFormat", .title = "Format numbers", .fields = kFields};
+static_assert(WellFormed(frmFormat));
+
+// Row by row: a word ends it, and the rows above the word stay formatted.
+void RunFormat(ToolRun& run) {
+  const std::string& decimals = run.form.Text(kDecimals);
+  static_cast<void>(ToInt16(decimals));
+  const int column = ColumnOf(run, kColumn);
+  const Texts cells = WalkColumn(run.worksheet, column);
+  for (int row = 1; const std::string& cell : cells)
+    run.worksheet.SetNumber(column, row++, ToNumber(cell), ToDecimals(decimals));
+}
+
+}  // namespace
+
+constinit const Tool kFormatTool{
+    .id = "format",
+    .command = Command::kFormat,
+    .dialog = &frmFormat,
+    .failure = {.fault = "Error occurred"},
+    .run = RunFormat,
+    .manual = "data-tools.md",
+};
+
+}  // namespace quorval

@@ -1,0 +1,29 @@
+#include "app/tools/tool.h"
+
+#include <algorithm>
+
+namespace quorval {
+namespace {
+
+constexpr const Tool* kTools[] = {&kSortTool, &kTransformTool, &kFormatTool};
+
+template <class Key>
+const Tool* Find(Key key, Key Tool::*member) {
+  const auto found = std::ranges::find_if(kTools, [&](auto* tool) { return tool->*member == key; });
+  return found == std::end(kTools) ? nullptr : *found;
+}
+
+}  // namespace
+
+int ColumnOf(const ToolRun& run, const Field& field) {
+  const int column = run.form.Column(field);
+  if (column < 1 || column > Worksheet::kColumns)
+    run.Refuse(" Selected column no. < 1 or > 500: No analysis ");
+  return column;
+}
+
+std::span<const Tool* const> Tools() { return kTools; }
+const Tool* FindTool(std::string_view id) { return Find(id, &Tool::id); }
+const Tool* FindTool(Command command) { return Find(command, &Tool::command); }
+
+}  // namespace quorval

@@ -1,0 +1,75 @@
+// libgsf's objects as owners, and the reading and writing of its streams.
+#pragma once
+
+#include <gsf/gsf.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "formats/file_error.h"
+
+namespace quorval::gsf {
+
+struct Release {
+  template <class Object>
+  void operator()(Object* object) const {
+    g_object_unref(object);
+  }
+};
+template <class Object>
+using Owner = std::unique_ptr<Object, Release>;
+
+// To be called before anything else of the library.
+inline void Start() {
+  static const bool started = (gsf_init(), true);
+  static_cast<void>(started);
+}
+
+[[noreturn]] inline void Throw(GError* error) {
+  const std::string words = error != nullptr ? error->message : "the file cannot be used";
+  if (error != nullptr) g_error_free(error);
+  throw FileError(words);
+}
+
+inline Owner<GsfInput> OpenFile(const std::filesystem::path& path) {
+  Start();
+  GError* error = nullptr;
+  Owner<GsfInput> input(gsf_input_stdio_new(path.c_str(), &error));
+  if (!input) Throw(error);
+  return input;
+}
+
+// All bytes of a stream.
+inline std::string ReadAll(const Owner<GsfInput>& input) {
+  std::string bytes(static_cast<std::size_t>(gsf_input_size(input.get())), '\0');
+  if (!bytes.empty() &&
+      gsf_input_read(input.get(), bytes.size(), reinterpret_cast<guint8*>(bytes.data())) == nullptr)
+    throw FileError("the file is damaged");
+  return bytes;
+}
+
+// The file is there already, and is written over.
+inline Owner<GsfOutput> WriteFile(const std::filesystem::path& path) {
+  Start();
+  FILE* const file = std::fopen(path.c_str(), "wb");
+  if (file == nullptr) throw FileError(std::strerror(errno));
+  return Owner<GsfOutput>(gsf_output_stdio_new_FILE(path.c_str(), file, FALSE));
+}
+
+inline void Write(const Owner<GsfOutput>& output, std::string_view bytes) {
+  if (!gsf_output_write(output.get(), bytes.size(), reinterpret_cast<const guint8*>(bytes.data())))
+    throw FileError("the file cannot be written");
+}
+
+// A container closes the file that it is written to.
+inline void Close(const Owner<GsfOutput>& output) {
+  if (!gsf_output_is_closed(output.get()) && !gsf_output_close(output.get()))
+    throw FileError("the file cannot be written");
+}
+
+}  // namespace quorval::gsf
