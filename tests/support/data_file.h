@@ -7,11 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "support/data_folder.h"
+
 namespace quorval::test {
 
 // The columns below the header row; an empty cell ends a shorter column.
 inline std::vector<std::vector<std::string>> ReadDataFile(const std::string& name) {
-  std::ifstream file(std::string(TEST_DATA) + "/" + name);
+  std::ifstream file(DataFolder() + "/" + name);
   std::string line;
   if (!std::getline(file, line)) throw std::runtime_error("no data file " + name);
   std::vector<std::vector<std::string>> columns;

@@ -1,0 +1,7 @@
+#include "support/data_folder.h"
+
+namespace quorval::test {
+
+std::string DataFolder() { return TEST_DATA; }
+
+}  // namespace quorval::test
