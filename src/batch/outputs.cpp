@@ -19,8 +19,9 @@ namespace {
   throw Unusable(path.string() + ": the file cannot be written");
 }
 
-const CLI::Validator kNamed(
-    [](std::string& name) { return name.empty() ? "a name is needed" : ""; }, "");
+CLI::Validator Named() {
+  return {[](std::string& name) { return name.empty() ? "a name is needed" : ""; }, ""};
+}
 
 void WriteText(const std::string& text, const std::string& file) {
   if (file == "-") {
@@ -74,11 +75,11 @@ void AddOutputs(CLI::App& command, Outputs& outputs) {
       .add_option("--json", outputs.json,
                   "Write all that the run showed as JSON; - is standard output")
       ->type_name("FILE")
-      ->check(kNamed);
+      ->check(Named());
   CLI::Option* const plots =
       command.add_option("--plots", outputs.plots, "Write a picture of each plot window into DIR")
           ->type_name("DIR")
-          ->check(kNamed);
+          ->check(Named());
   command
       .add_option("--plot-format", outputs.plot_format,
                   "The pictures' format, png where none is given")
@@ -87,7 +88,7 @@ void AddOutputs(CLI::App& command, Outputs& outputs) {
       ->needs(plots);
   command.add_option("--report", outputs.report, "Write the printed results and plots as a PDF")
       ->type_name("FILE.pdf")
-      ->check(kNamed);
+      ->check(Named());
 }
 
 std::unique_ptr<Pictures> PicturesFor(const Outputs& outputs) {
