@@ -29,9 +29,9 @@ constexpr const char* kFooter =
     "  quorval-batch run ols --demo \"XY Regression Single\" --json -\n"
     "  quorval-batch COMMAND --help";
 
-ExitStatus Perform(const Command& command) {
+ExitStatus Perform(const Task& task) {
   try {
-    const ExitStatus status = command();
+    const ExitStatus status = task();
     if (!std::cout.flush()) throw Unusable("standard output cannot be written");
     return status;
   } catch (const std::exception& error) {
@@ -49,7 +49,7 @@ int RunCommandLine(int argc, const char* const* argv) {
   program.footer(kFooter);
   program.require_subcommand(0, 1);
 
-  Command chosen;
+  Task chosen;
   AddListCommand(program, chosen);
   AddDescribeCommand(program, chosen);
   AddRunCommand(program, chosen);

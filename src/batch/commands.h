@@ -19,12 +19,12 @@ struct Unusable : std::runtime_error {
 };
 
 // What the command line chose to do; runs once the whole line is in order.
-using Command = std::function<ExitStatus()>;
+using Task = std::function<ExitStatus()>;
 
 // Each adds its subcommand to the program, which sets `chosen` when it is the one given.
-void AddListCommand(CLI::App& program, Command& chosen);
-void AddDescribeCommand(CLI::App& program, Command& chosen);
-void AddDemoCommand(CLI::App& program, Command& chosen);
-void AddRunCommand(CLI::App& program, Command& chosen);
+void AddListCommand(CLI::App& program, Task& chosen);
+void AddDescribeCommand(CLI::App& program, Task& chosen);
+void AddDemoCommand(CLI::App& program, Task& chosen);
+void AddRunCommand(CLI::App& program, Task& chosen);
 
 }  // namespace quorval

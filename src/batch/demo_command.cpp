@@ -5,7 +5,7 @@
 
 namespace quorval {
 
-void AddDemoCommand(CLI::App& program, Command& chosen) {
+void AddDemoCommand(CLI::App& program, Task& chosen) {
   CLI::App* const demo =
       program.add_subcommand("demo", "List the built-in example sets, one a line");
   demo->footer("Each name can be given to --demo in the place of a data file.");

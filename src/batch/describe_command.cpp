@@ -128,7 +128,7 @@ ExitStatus Describe(const DescribeOptions& options) {
 
 }  // namespace
 
-void AddDescribeCommand(CLI::App& program, Command& chosen) {
+void AddDescribeCommand(CLI::App& program, Task& chosen) {
   CLI::App* const describe = program.add_subcommand(
       "describe",
       "Describe an analysis' options dialog: key, kind, default and caption of each field");

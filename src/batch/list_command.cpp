@@ -27,7 +27,7 @@ Json ListJson() {
 
 }  // namespace
 
-void AddListCommand(CLI::App& program, Command& chosen) {
+void AddListCommand(CLI::App& program, Task& chosen) {
   CLI::App* const list =
       program.add_subcommand("list", "List the analyses: id and menu caption, one a line");
   const auto as_json = std::make_shared<bool>(false);

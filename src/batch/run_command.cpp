@@ -41,7 +41,7 @@ ExitStatus RunOneAnalysis(const RunOptions& options) {
 
 }  // namespace
 
-void AddRunCommand(CLI::App& program, Command& chosen) {
+void AddRunCommand(CLI::App& program, Task& chosen) {
   CLI::App* const run = program.add_subcommand("run", "Run one analysis and hand out its results");
   const auto options = std::make_shared<RunOptions>();
   run->add_option("ANALYSIS", options->analysis, "The analysis' id, as \"list\" names it")
