@@ -138,6 +138,7 @@ void PlotView::Refresh() {
   if (plot->lines) {
     intercept_->setText(ShownText(ShortestText(plot->lines->a0), locale()));
     slope_->setText(ShownText(ShortestText(plot->lines->b), locale()));
+    for (QLineEdit* field : {intercept_, slope_}) field->setCursorPosition(0);
   }
   DrawPlot(*plot, *chart_);
   const QCPRange x = chart_->xAxis->range(), y = chart_->yAxis->range();
