@@ -13,6 +13,8 @@ namespace quorval {
 
 struct Point {
   Real x, y;
+
+  bool operator==(const Point&) const = default;
 };
 using Points = std::vector<Point>;
 
@@ -30,18 +32,24 @@ struct Series {
   Pattern pattern = Pattern::kSolid;
   std::optional<Colour> colour{};  // none: the chart's own
   Real bar_width{};                // of bars, in units of x; they stand centred on their x
+
+  bool operator==(const Series&) const = default;
 };
 
 // The ends of an axis where an analysis fixes them.
 struct Axis {
   std::string title{};
   std::optional<Real> min{}, max{};
+
+  bool operator==(const Axis&) const = default;
 };
 
 // The lines that "Redraw lines" draws anew between the ends of the x axis: the fitted one, which is
 // series 3, and the identity line, which is series 4.
 struct RedrawnLines {
   Real a0, b;
+
+  bool operator==(const RedrawnLines&) const = default;
 };
 
 // A plot window: series and axes, and no statistics.  Series are counted from 1.
@@ -62,6 +70,8 @@ struct Plot {
 
   // Sets series 3 and 4 anew between the two abscissae.
   void RedrawLines(Real x_min, Real x_max);
+
+  bool operator==(const Plot&) const = default;
 };
 
 }  // namespace quorval

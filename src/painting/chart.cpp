@@ -201,15 +201,17 @@ class Ticker : public QCPAxisTicker {
  protected:
   QVector<QString> createLabelVector(const QVector<double>& ticks, const QLocale& locale,
                                      QChar format, int precision) override {
-    if (ticks.size() < 2) return QCPAxisTicker::createLabelVector(ticks, locale, format, precision);
+    QLocale plain = locale;
+    plain.setNumberOptions(QLocale::OmitGroupSeparator);
+    if (ticks.size() < 2) return QCPAxisTicker::createLabelVector(ticks, plain, format, precision);
     const double largest = std::max(std::abs(ticks.first()), std::abs(ticks.last()));
     const int step_digit = int(std::floor(std::log10(ticks[1] - ticks[0]) + 1e-9));
     if (largest < 1e6 && step_digit >= -6) {
       const int decimals = std::max(0, ExtraDecimals(ticks, step_digit) - step_digit);
-      return QCPAxisTicker::createLabelVector(ticks, locale, u'f', decimals);
+      return QCPAxisTicker::createLabelVector(ticks, plain, u'f', decimals);
     }
     const int digits = int(std::floor(std::log10(largest))) - step_digit + 2;
-    return QCPAxisTicker::createLabelVector(ticks, locale, u'g', std::clamp(digits, 1, 15));
+    return QCPAxisTicker::createLabelVector(ticks, plain, u'g', std::clamp(digits, 1, 15));
   }
 
  private:

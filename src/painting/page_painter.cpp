@@ -278,7 +278,7 @@ bool PaintJobs(std::span<const PrintJob> jobs, const QLocale& locale, QPagedPain
     for (int page = 1; page <= sheet.Pages(); ++page) {
       ++pages;
       if (pages < wanted.first || pages > wanted.last) continue;
-      if (go_on && !go_on(job)) return painter.end();
+      if (go_on && !go_on(job, page, sheet.Pages())) return painter.end();
       if (pages > wanted.first && !device.newPage()) return false;
       sheet.PaintPage(page);
     }
@@ -287,13 +287,13 @@ bool PaintJobs(std::span<const PrintJob> jobs, const QLocale& locale, QPagedPain
 }
 
 bool PrintToPdf(std::span<const PrintJob> jobs, const QLocale& locale,
-                const std::filesystem::path& path) {
+                const std::filesystem::path& path, const QPageLayout& paper) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
   QPdfWriter pdf(&buffer);
   pdf.setResolution(kPdfDpi);
-  pdf.setPageSize(QPageSize(QPageSize::A4));
+  pdf.setPageLayout(paper);
   if (!jobs.empty()) pdf.setTitle(ToQt(jobs.front().name));
   return PaintJobs(jobs, locale, pdf) && WriteBytes(bytes, path);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLocale>
+#include <QPageLayout>
 #include <filesystem>
 #include <functional>
 #include <span>
@@ -12,8 +13,11 @@ class QPagedPaintDevice;
 
 namespace quorval {
 
+// A4, upright.
+inline QPageLayout A4() { return {QPageSize(QPageSize::A4), QPageLayout::Portrait, {}}; }
+
 // Asked before each page of a job; false stops the printing.
-using GoOn = std::function<bool(const PrintJob& job)>;
+using GoOn = std::function<bool(const PrintJob& job, int page, int pages)>;
 
 // Paints the jobs one after the other; each starts a page and counts its pages from 1.  Numbers
 // have the locale's decimal sign.  A printer's own choice of pages is kept to.  False when the
@@ -21,8 +25,8 @@ using GoOn = std::function<bool(const PrintJob& job)>;
 bool PaintJobs(std::span<const PrintJob> jobs, const QLocale& locale, QPagedPaintDevice& device,
                const GoOn& go_on = {});
 
-// The same into a PDF file of A4 pages; false when it cannot be written.
+// The same into a PDF file; false when it cannot be written.
 bool PrintToPdf(std::span<const PrintJob> jobs, const QLocale& locale,
-                const std::filesystem::path& path);
+                const std::filesystem::path& path, const QPageLayout& paper = A4());
 
 }  // namespace quorval

@@ -24,9 +24,7 @@ void Paint(QCustomPlot& chart, QSize size, QPaintDevice& device, double scale, b
   painter.setMode(QCPPainter::pmVectorized, vectors);
   painter.setMode(QCPPainter::pmNonCosmetic);
   painter.scale(scale, scale);
-  const QRect viewport = chart.viewport();
   chart.toPainter(&painter, size.width(), size.height());
-  chart.setViewport(viewport);
 }
 
 QByteArray BitmapBytes(QCustomPlot& chart, QSize size, const char* format) {

@@ -1,0 +1,220 @@
+#include "desktop/plot_view.h"
+
+#include <qcustomplot.h>
+
+#include <QAction>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "core/conversion.h"
+#include "painting/cell_text.h"
+#include "painting/chart.h"
+#include "painting/picture.h"
+#include "painting/qt_text.h"
+
+namespace quorval {
+namespace {
+
+// What the window keeps for its buttons, in twips; the chart has the rest.
+constexpr int kTwipsPerPixel = 15;
+constexpr int kWidthKept = 700, kHeightKept = 1360;
+constexpr int kToolsHeight = 68;  // pixels, above the chart
+
+constexpr std::string_view kResidualPlot = "frmRes1s";
+
+int Remainder(int pixels, int kept_twips) {
+  return std::max(0, (pixels * kTwipsPerPixel - kept_twips) / kTwipsPerPixel);
+}
+
+QLineEdit* NumberField(const QString& name) {
+  auto* field = new QLineEdit;
+  field->setObjectName(name);
+  field->setAccessibleName(name);
+  field->setReadOnly(true);
+  return field;
+}
+
+QHBoxLayout* Row() {
+  auto* row = new QHBoxLayout;
+  row->setContentsMargins(0, 0, 0, 0);
+  return row;
+}
+
+}  // namespace
+
+PlotView::PlotView(Workbench& workbench, std::string window, QWidget* parent)
+    : QWidget(parent),
+      workbench_(workbench),
+      window_(std::move(window)),
+      chart_(new QCustomPlot(this)),
+      tools_(new QWidget(this)),
+      hint_(new QLabel(tr("Zoom: wheel, or drag a frame.  Move: drag with Shift."), this)) {
+  setObjectName(ToQt(window_));
+  auto* rows = new QVBoxLayout(tools_);
+  rows->setContentsMargins(0, 2, 0, 2);
+  rows->setSpacing(2);
+  rows->addWidget(BuildButtons());
+  rows->addWidget(BuildLineFields());
+  hint_->setForegroundRole(QPalette::PlaceholderText);
+  LetZoomAndMove();
+  Refresh();
+}
+
+QAction* PlotView::AddCommand(const QString& text, void (PlotView::*command)()) {
+  auto* action = new QAction(text, this);
+  connect(action, &QAction::triggered, this, command);
+  chart_->addAction(action);
+  return action;
+}
+
+QWidget* PlotView::BuildButtons() {
+  chart_->setContextMenuPolicy(Qt::ActionsContextMenu);
+  QAction* const copy = AddCommand(tr("Copy"), &PlotView::Copy);
+  copy->setShortcut(QKeySequence::Copy);
+  QAction* const save = AddCommand(tr("Save picture as..."), &PlotView::AskSavePicture);
+  save->setShortcut(QKeySequence::Save);
+  QAction* const reset = AddCommand(tr("Reset view"), &PlotView::ResetView);
+  auto* buttons = new QWidget;
+  QHBoxLayout* const row = Row();
+  for (QAction* action : {copy, save, reset}) {
+    auto* button = new QPushButton(action->text());
+    button->setObjectName(action->text());
+    connect(button, &QPushButton::clicked, action, &QAction::trigger);
+    row->addWidget(button);
+  }
+  row->addStretch();
+  buttons->setLayout(row);
+  if (window_ == kResidualPlot) AddCommand(tr("Add to results sheet"), &PlotView::AddToSheet);
+  return buttons;
+}
+
+QWidget* PlotView::BuildLineFields() {
+  line_fields_ = new QWidget;
+  intercept_ = NumberField(tr("Intercept"));
+  slope_ = NumberField(tr("Slope"));
+  auto* redraw = new QPushButton(tr("Redraw lines"));
+  redraw->setObjectName(redraw->text());
+  connect(redraw, &QPushButton::clicked, this, &PlotView::RedrawLines);
+  QHBoxLayout* const row = Row();
+  for (QLineEdit* field : {intercept_, slope_}) {
+    row->addWidget(new QLabel(field->accessibleName() + u':'));
+    row->addWidget(field, 1);
+  }
+  row->addWidget(redraw);
+  line_fields_->setLayout(row);
+  return line_fields_;
+}
+
+void PlotView::LetZoomAndMove() {
+  chart_->setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
+  connect(chart_, &QCustomPlot::mousePress, this, [this](const QMouseEvent* event) {
+    const bool frame =
+        event->button() == Qt::LeftButton && !event->modifiers().testFlag(Qt::ShiftModifier);
+    chart_->setSelectionRectMode(frame ? QCP::srmZoom : QCP::srmNone);
+  });
+  connect(chart_, &QCustomPlot::mouseDoubleClick, this, &PlotView::ResetView);
+}
+
+Plot* PlotView::Find() {
+  const auto found = std::ranges::find(workbench_.plots(), window_, &Plot::window);
+  return found == workbench_.plots().end() ? nullptr : &*found;
+}
+
+void PlotView::Refresh() {
+  const Plot* plot = Find();
+  if (plot == nullptr || (drawn_ && *drawn_ == *plot)) return;
+  drawn_ = *plot;
+  setWindowTitle(ToQt(plot->caption));
+  line_fields_->setVisible(plot->lines.has_value());
+  if (plot->lines) {
+    intercept_->setText(ShownText(ShortestText(plot->lines->a0), locale()));
+    slope_->setText(ShownText(ShortestText(plot->lines->b), locale()));
+    for (QLineEdit* field : {intercept_, slope_}) field->setCursorPosition(0);
+  }
+  DrawPlot(*plot, *chart_);
+  const QCPRange x = chart_->xAxis->range(), y = chart_->yAxis->range();
+  whole_x_ = {x.lower, x.upper};
+  whole_y_ = {y.lower, y.upper};
+  chart_->replot();
+}
+
+void PlotView::Copy() { QGuiApplication::clipboard()->setImage(ImageOf(*chart_, PictureSize())); }
+
+bool PlotView::SavePicture(const std::filesystem::path& path) {
+  return WritePicture(*chart_, PictureSize(), path);
+}
+
+void PlotView::AskSavePicture() {
+  QFileDialog dialog(this, tr("Save picture as"));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setNameFilters(
+      {tr("PNG picture (*.png)"), tr("SVG drawing (*.svg)"), tr("PDF document (*.pdf)")});
+  const auto take_suffix = [&](const QString& filter) {
+    dialog.setDefaultSuffix(filter.section(u'.', -1).chopped(1));
+  };
+  take_suffix(dialog.nameFilters().first());
+  connect(&dialog, &QFileDialog::filterSelected, this, take_suffix);
+  dialog.selectFile(windowTitle().trimmed());
+  if (dialog.exec() != QDialog::Accepted) return;
+  if (!SavePicture(dialog.selectedFiles().first().toStdString()))
+    QMessageBox::warning(this, windowTitle(), tr("The picture could not be saved."));
+}
+
+void PlotView::ResetView() {
+  chart_->xAxis->setRange(whole_x_.first, whole_x_.second);
+  chart_->yAxis->setRange(whole_y_.first, whole_y_.second);
+  chart_->replot();
+}
+
+void PlotView::RedrawLines() {
+  Plot* const plot = Find();
+  if (plot == nullptr || !plot->lines) return;
+  const QCPRange x = chart_->xAxis->range(), y = chart_->yAxis->range();
+  try {
+    plot->RedrawLines(x.lower, x.upper);
+  } catch (const Fault&) {
+    QMessageBox::warning(this, windowTitle(), tr("Error"));
+    return;
+  }
+  drawn_ = *plot;
+  DrawPlot(*plot, *chart_);
+  chart_->xAxis->setRange(x);
+  chart_->yAxis->setRange(y);
+  chart_->replot();
+}
+
+void PlotView::AddToSheet() {
+  const Plot* plot = Find();
+  if (plot == nullptr) return;
+  workbench_.AddPlotToSheet(*plot);
+  emit AddedToSheet();
+}
+
+// The chart as the user sees it.
+QSize PlotView::PictureSize() const {
+  return chart_->size().isEmpty() ? QSize(720, 480) : chart_->size();
+}
+
+QSize PlotView::sizeHint() const { return {620, 500}; }
+
+void PlotView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const int left = kWidthKept / kTwipsPerPixel / 2;
+  const QSize size(Remainder(width(), kWidthKept), Remainder(height(), kHeightKept));
+  tools_->setGeometry(left, 0, std::max(0, width() - 2 * left), kToolsHeight);
+  chart_->setVisible(!size.isEmpty());
+  chart_->setGeometry(QRect({left, kToolsHeight}, size));
+  const int below = kToolsHeight + size.height();
+  hint_->setGeometry(left, below, tools_->width(), std::max(0, height() - below));
+}
+
+}  // namespace quorval
