@@ -15,7 +15,8 @@ namespace quorval {
 PrintJob SheetPage(const Grid& grid, std::string_view header);
 
 // Writes the bitmaps of the jobs' plots into `folder` and prints them, one job after the other.
-// The bitmaps stay.  False when a bitmap could not be written or a page not printed.
+// The bitmaps stay.  A job whose plots are not there has no page.  False when a bitmap could not be
+// written or a page not printed.
 bool PrintPlots(Platform& platform, std::span<const PlotJob* const> jobs,
                 std::span<const Plot> plots, const std::filesystem::path& folder);
 

@@ -131,6 +131,14 @@ TEST_F(WorkbenchTest, LeavesTheWindowsOfAFailedRunOpenWithoutData) {
   for (const Plot& plot : workbench.plots()) EXPECT_THAT(plot.series, IsEmpty());
 }
 
+TEST_F(WorkbenchTest, ClosesTheResultsOfAFailedRunWhereItsAnalysisSaysSo) {
+  OpenAnalysis& open = workbench.Open(difference::kDifference);  // on an empty worksheet
+  EXPECT_EQ(workbench.PressOk(open), Outcome::kRefused);
+  EXPECT_FALSE(open.results->shown);
+  EXPECT_TRUE(open.dialog_shown);
+  EXPECT_THAT(workbench.plots(), IsEmpty());
+}
+
 TEST_F(WorkbenchTest, TakesTheDecimalsOfTheMoment) {
   OpenAnalysis& open = OpenOlsOnExample();
   workbench.PressOk(open);
@@ -173,6 +181,24 @@ TEST_F(WorkbenchTest, PrintsPlotsThroughTheirBitmaps) {
   EXPECT_FALSE(job.border || job.grid_lines);
   EXPECT_EQ(job.header + job.footer, "");
   EXPECT_TRUE(std::filesystem::exists(folder / " Chart2D1.bmp"));
+}
+
+TEST_F(WorkbenchTest, PrintsAPageForEachJobWhosePlotIsThere) {
+  workbench.ImportExample(*FindExample("XY Regression Duplicate"));
+  OpenAnalysis& open = workbench.Open(difference::kDifference);
+  open.form.Set("mode", "duplicate");
+  workbench.PressOk(open);
+  workbench.PrintPlots(open);
+  EXPECT_THAT(platform.print_jobs, SizeIs(2));
+
+  workbench.BackToOptions(open);
+  workbench.worksheet().SetText(2, 1, "0");  // leaves out the relative plot
+  EXPECT_EQ(workbench.PressOk(open), Outcome::kDone);
+  EXPECT_THAT(workbench.plots(), SizeIs(1));
+  platform.pictures.clear();
+  workbench.PrintPlots(open);
+  EXPECT_THAT(platform.pictures, ElementsAre(folder / " Chart2D1.bmp"));
+  EXPECT_THAT(platform.print_jobs, SizeIs(3));
 }
 
 TEST_F(WorkbenchTest, TellsOfAPrintThatFailed) {
