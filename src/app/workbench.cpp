@@ -90,9 +90,14 @@ void Workbench::PrintWorksheetAtOnce() {
 
 OpenAnalysis& Workbench::Open(const Analysis& analysis) {
   const auto found = std::ranges::find(open_, &analysis, &OpenAnalysis::analysis);
-  if (found == open_.end()) return open_.emplace_back(analysis);
-  found->dialog_shown = true;
-  return *found;
+  if (found != open_.end()) {
+    found->dialog_shown = true;
+    return *found;
+  }
+  OpenAnalysis& open = open_.emplace_back(analysis);
+  if (const auto left = left_.find(&analysis); left != left_.end())
+    open.form.TakeNested(left->second);
+  return open;
 }
 
 Outcome Workbench::PressOk(OpenAnalysis& open) {
@@ -144,6 +149,7 @@ void Workbench::BackToOptions(OpenAnalysis& open) {
 
 void Workbench::Exit(OpenAnalysis& open) {
   UnloadResults(open);
+  left_.insert_or_assign(open.analysis, open.form);
   open_.remove_if([&](const OpenAnalysis& one) { return &one == &open; });
 }
 

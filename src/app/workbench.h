@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <list>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,7 +46,8 @@ class Workbench {
   OpenAnalysis& Open(const Analysis& analysis);
   // Validates the fields and runs.  The only way to a run.
   Outcome PressOk(OpenAnalysis& open);
-  // Unloads the dialog; its fields are back at their defaults when it opens again.
+  // Unloads the dialog; its fields are back at their defaults when it opens again, but for those of
+  // the dialogs behind its buttons.
   void Cancel(OpenAnalysis& open) { Exit(open); }
   // Unloads the results and their plots, and shows the dialog with its fields as they were.
   void BackToOptions(OpenAnalysis& open);
@@ -82,7 +84,8 @@ class Workbench {
 
   Platform& platform_;
   Project project_;
-  std::list<OpenAnalysis> open_;  // a list: views hold on to the elements
+  std::list<OpenAnalysis> open_;          // a list: views hold on to the elements
+  std::map<const Analysis*, Form> left_;  // as their users left them
   std::vector<Plot> plots_;
 };
 

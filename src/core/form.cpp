@@ -64,6 +64,12 @@ void Form::Reset(const Dialog& dialog) {
     if (field.Holds()) Set(field.key, field.initial);
 }
 
+void Form::TakeNested(const Form& other) {
+  for (std::size_t i = 0; i < fields_.size(); ++i)
+    if (std::ranges::find(dialog_->fields, fields_[i]->key, &Field::key) == dialog_->fields.end())
+      texts_[i] = other.texts_[i];
+}
+
 const Rule* Form::BrokenRule() const {
   const auto broken =
       std::ranges::find_if(dialog_->rules, [&](const Rule& rule) { return IsBroken(rule, *this); });

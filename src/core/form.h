@@ -37,6 +37,8 @@ class Form {
   void Set(std::string_view key, std::string_view text);
   // Every field of one dialog (not of those behind it) back to its default.
   void Reset(const Dialog& dialog);
+  // The fields of the dialogs behind the buttons as another form of the same dialog holds them.
+  void TakeNested(const Form& other);
 
   const Dialog& dialog() const { return *dialog_; }
   // The fields that hold a value, in the order of the dialogs.

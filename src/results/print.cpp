@@ -52,7 +52,7 @@ bool PrintPlots(Platform& platform, std::span<const PlotJob* const> jobs,
   std::vector<PrintJob> print_jobs;
   for (std::size_t i = 0; i < jobs.size(); ++i) {
     if (!Fill(pages[i], platform, *jobs[i], plots, folder)) return false;
-    if (pages[i].heights.empty()) continue;
+    if (pages[i].heights.empty()) continue;  // none of its plots is open
     print_jobs.push_back({.grid = &pages[i].grid,
                           .row_heights = pages[i].heights,
                           .column_widths = {kPictureColumnWidth}});
