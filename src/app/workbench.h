@@ -72,6 +72,8 @@ class Workbench {
   // --- Help
 
   void ShowHelp(bool search);
+  // The manual's page of an analysis.
+  void ShowManual(const Analysis& analysis);
   void ShowTutorial();
 
  private:
