@@ -9,18 +9,17 @@
 #include "desktop/dialog_view.h"
 #include "desktop/plot_view.h"
 #include "desktop/results_view.h"
+#include "desktop/sheet_view.h"
 
 namespace quorval {
 namespace {
 
 // A view may be the sender of the command that ends it: it goes once the command is through.
-template <class View>
-void Drop(QPointer<View>& view) {
-  if (!view) return;
+void Drop(QWidget* view) {
+  if (view == nullptr) return;
   view->hide();
   view->disconnect();
   view->deleteLater();
-  view.clear();
 }
 
 // Places for plot windows: the right half of the screen, two above each other, then overlapping.
@@ -79,6 +78,8 @@ void Desk::Reconcile() {
 }
 
 void Desk::CloseAll() {
+  for (const Views& views : views_)
+    if (views.results) views.results->sheet().EndEditing();
   while (!workbench_.open().empty()) {
     workbench_.Exit(workbench_.open().back());
     Reconcile();
@@ -107,7 +108,10 @@ void Desk::MatchDialog(Views& views) {
 
 void Desk::MatchResults(Views& views) {
   OpenAnalysis& open = *views.open;
-  if (!open.results || !open.results->shown) return Drop(views.results);
+  if (!open.results || !open.results->shown) {
+    Drop(views.results);
+    return views.results.clear();
+  }
   if (views.results) return views.results->Refresh();
   views.results = new ResultsView(workbench_, open, &main_window_);
   connect(views.results, &ResultsView::Commanded, this, &Desk::Reconcile);

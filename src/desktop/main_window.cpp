@@ -139,18 +139,18 @@ void MainWindow::AddItem(QMenu& menu, const MenuItem& item) {
     action->setCheckable(true);
     action->setChecked(true);
   } else if (const auto handler = handlers_.find(item.command); handler != handlers_.end()) {
-    connect(action, &QAction::triggered, this, handler->second);
+    connect(action, &QAction::triggered, this, [this, command = handler->second] {
+      sheet_->EndEditing();
+      command();
+    });
   } else {
     action->setEnabled(false);
   }
 }
 
 void MainWindow::MakeExamplesMenu(QMenu& menu) {
-  for (const Example& example : Examples()) {
-    QAction* const action =
-        menu.addAction(ToQt(example.menu), this, [this, &example] { TakeExample(example); });
-    action->setEnabled(example.Built());
-  }
+  for (const Example& example : Examples())
+    menu.addAction(ToQt(example.menu), this, [this, &example] { TakeExample(example); });
 }
 
 void MainWindow::MakeStatisticsMenu(QMenu& menu) {
@@ -177,7 +177,10 @@ void MainWindow::MakeToolbar() {
     action->setEnabled(entry->isEnabled());
     connect(entry, &QAction::enabledChanged, action, &QAction::setEnabled);
     if (button.command == Command::kPrint)
-      connect(action, &QAction::triggered, this, [this] { workbench_.PrintWorksheetAtOnce(); });
+      connect(action, &QAction::triggered, this, [this] {
+        sheet_->EndEditing();
+        workbench_.PrintWorksheetAtOnce();
+      });
     else
       connect(action, &QAction::triggered, entry, &QAction::trigger);
   }

@@ -47,6 +47,7 @@ void ResultsView::Refresh() {
 
 void ResultsView::closeEvent(QCloseEvent* event) {
   event->accept();
+  sheet_->EndEditing();
   workbench_.Exit(open_);
   emit Commanded();
 }
@@ -57,10 +58,12 @@ void ResultsView::MakeFileMenu() {
   QMenu* const menu = menuBar()->addMenu("&File");
   if (!captions.back.empty())
     menu->addAction(ToQt(captions.back), this, [this] {
+      sheet_->EndEditing();
       workbench_.BackToOptions(open_);
       emit Commanded();
     });
   QAction* const print = menu->addAction(ToQt(captions.print), this, [this] {
+    sheet_->EndEditing();
     workbench_.PrintResults(open_);
     emit Printed();
   });

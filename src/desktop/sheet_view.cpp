@@ -5,6 +5,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 
 #include "app/main_menu.h"
@@ -71,6 +72,13 @@ CellRange SheetView::Selection() const {
   }
   const QItemSelectionRange& range = selection.first();
   return {range.left() + 1, range.top() + 1, range.right() + 1, range.bottom() + 1};
+}
+
+void SheetView::EndEditing() {
+  auto* const editor = viewport()->findChild<QLineEdit*>();
+  if (editor == nullptr) return;
+  commitData(editor);
+  QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
 void SheetView::Cut() {

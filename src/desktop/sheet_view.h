@@ -23,6 +23,8 @@ class SheetView : public QTableView {
   // Makes each used column as wide as its widest text that does not run over.
   void FitColumns();
   CellRange Selection() const;
+  // Takes over what is being typed into a cell.
+  void EndEditing();
 
  public slots:
   void Cut();
