@@ -11,6 +11,7 @@ namespace quorval {
 namespace {
 
 constexpr int kTextMargin = 4;
+constexpr int kSelectionAlpha = 70;
 constexpr int kMostColumnsRunOver = 40;
 
 Qt::Alignment AlignmentOf(const QModelIndex& index) {
@@ -31,25 +32,35 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
   painter->save();
   painter->setClipRect(option.rect);
-  QStyleOptionViewItem frame = option;
-  initStyleOption(&frame, index);
-  frame.text.clear();
-  view_.style()->drawControl(QStyle::CE_ItemViewItem, &frame, painter, &view_);
+  const QPalette& palette = view_.palette();
+  const QVariant background = index.data(Qt::BackgroundRole);
+  painter->fillRect(option.rect, background.isValid() ? background.value<QColor>()
+                                                      : palette.color(QPalette::Base));
+  const bool selected = option.state.testFlag(QStyle::State_Selected);
+  const bool current = index == view_.currentIndex();
+  QColor highlight = palette.color(QPalette::Highlight);
+  if (selected && !current) {
+    highlight.setAlpha(kSelectionAlpha);
+    painter->fillRect(option.rect, highlight);
+  }
 
   const QModelIndex source = model_.At(index).Empty() ? OverflowInto(index) : index;
-  painter->setPen(view_.palette().color(QPalette::Midlight));
+  painter->setPen(palette.color(QPalette::Midlight));
   painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
   const QModelIndex next = index.siblingAtColumn(index.column() + 1);
   if (!source.isValid() || !next.isValid() || !RunsOver(source, next))
     painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
 
   if (source.isValid()) {
-    const bool selected = option.state.testFlag(QStyle::State_Selected);
-    const auto role = selected ? QPalette::HighlightedText : QPalette::Text;
-    painter->setPen(selected ? option.palette.color(role) : frame.palette.color(role));
+    painter->setPen(background.isValid() ? QColor(Qt::black) : palette.color(QPalette::Text));
     DrawText(*painter, option.rect, source);
     if (const Picture& picture = model_.At(source).picture)
       DrawPicture(*painter, option.rect, picture);
+  }
+  if (current) {
+    painter->setPen(QPen(palette.color(QPalette::Highlight), 2));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
   }
   painter->restore();
 }

@@ -47,6 +47,7 @@ DialogView::DialogView(Form& form, const Dialog& dialog, QWidget* parent, const 
   }
   AddFields(*layout);
   AddButtons(*layout);
+  OrderTabs();
   Refresh();
 }
 
@@ -209,18 +210,35 @@ DialogView::Row DialogView::ButtonRow(const Field& field, QGridLayout& grid) {
 }
 
 void DialogView::AddButtons(QVBoxLayout& layout) {
-  auto* const box = new QDialogButtonBox(QDialogButtonBox::Cancel | QDialogButtonBox::Help);
-  QPushButton* const ok = box->addButton(ToQt(dialog_.ok), QDialogButtonBox::AcceptRole);
-  ok->setObjectName("ok");
-  ok->setDefault(true);
-  box->button(QDialogButtonBox::Cancel)->setText("Cancel");
-  box->button(QDialogButtonBox::Help)->setText("Help");
+  using Box = QDialogButtonBox;
+  auto* const box = new Box(Box::Ok | Box::Cancel | Box::Help);
+  box->button(Box::Ok)->setText(ToQt(dialog_.ok));
+  box->button(Box::Ok)->setObjectName("ok");
+  box->button(Box::Ok)->setDefault(true);
+  box->button(Box::Cancel)->setText("Cancel");
+  box->button(Box::Help)->setText("Help");
   layout.addWidget(box);
   connect(box, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(box, &QDialogButtonBox::helpRequested, this, &DialogView::HelpWanted);
   connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
           &DialogView::HelpWanted);
+}
+
+// The tab key follows the fields; the first of them has the focus.
+void DialogView::OrderTabs() {
+  QWidget* last = nullptr;
+  for (const Row& row : rows_)
+    for (QWidget* widget : row.widgets) {
+      if (!(widget->focusPolicy() & Qt::TabFocus)) continue;
+      if (last == nullptr)
+        widget->setFocus();
+      else
+        setTabOrder(last, widget);
+      last = widget;
+    }
+  auto* const ok = findChild<QPushButton*>("ok");
+  if (last != nullptr) setTabOrder(last, ok);
 }
 
 // OK keeps the fields; Cancel sets those of the nested dialog back to their defaults.

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QLocale>
+#include <functional>
 #include <vector>
 
 #include "core/form.h"
@@ -55,6 +56,7 @@ class DialogView : public QDialog {
   QWidget* AddEditor(const Field& field, Row& row);
   void AddBeside(const Field& choices, const Choice& choice, QGridLayout& grid, int line);
   void AddButtons(QVBoxLayout& layout);
+  void OrderTabs();
   void OpenNested(const Dialog& dialog);
   void Change(const Field& field, std::string_view text);
 

@@ -27,6 +27,7 @@ namespace {
 constexpr int kTwipsPerPixel = 15;
 constexpr int kNameWidth = 320;
 constexpr int kDecimalsWidth = 50;
+constexpr int kGap = 24;
 
 QKeySequence ShortcutOf(Command command) {
   switch (command) {
@@ -215,11 +216,11 @@ QWidget* MainWindow::MakeProjectLine() {
   auto* const layout = new QHBoxLayout(line);
   layout->setContentsMargins({});
   layout->addWidget(frame);
-  layout->addSpacing(20);
-  layout->addWidget(label);
-  layout->addWidget(decimals);
-  layout->addSpacing(20);
-  layout->addWidget(new QLabel(ToQt(kNoteLabel)));
+  layout->addSpacing(kGap);
+  layout->addWidget(label, 0, Qt::AlignVCenter);
+  layout->addWidget(decimals, 0, Qt::AlignVCenter);
+  layout->addSpacing(kGap);
+  layout->addWidget(new QLabel(ToQt(kNoteLabel)), 0, Qt::AlignVCenter);
   layout->addStretch();
   return line;
 }

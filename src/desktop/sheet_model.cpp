@@ -45,8 +45,6 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
       return FontOf(cell.look);
     case Qt::BackgroundRole:
       return cell.look.colour == kWhite ? QVariant() : QColor(QRgb{cell.look.colour});
-    case Qt::ForegroundRole:
-      return cell.look.colour == kWhite ? QVariant() : QColor(Qt::black);
     case Qt::TextAlignmentRole:
       return QVariant(Qt::AlignVCenter | (ShowsNumber(cell) ? Qt::AlignRight : Qt::AlignLeft));
     default:

@@ -1,6 +1,8 @@
 #include "desktop/start_window.h"
 
+#include <QGuiApplication>
 #include <QPainter>
+#include <QScreen>
 #include <QTimer>
 #include <array>
 
@@ -56,7 +58,7 @@ StartWindow::StartWindow(QWidget* parent) : QWidget(parent, Qt::SplashScreen) {
   setObjectName("start");
   setAttribute(Qt::WA_DeleteOnClose);
   setFixedSize(kSize);
-  if (parent != nullptr) move(parent->geometry().center() - rect().center());
+  move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
   QTimer::singleShot(kShownMilliseconds, this, &QWidget::close);
 }
 
