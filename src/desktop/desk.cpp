@@ -44,10 +44,8 @@ void Desk::Open(const Analysis& analysis) {
   OpenAnalysis& open = workbench_.Open(analysis);
   Reconcile();
   const auto views = std::ranges::find(views_, &open, &Views::open);
-  QWidget* const window = views->results ? static_cast<QWidget*>(views->results) : views->dialog;
-  if (window == nullptr) return;
-  window->raise();
-  window->activateWindow();
+  views->dialog->raise();
+  views->dialog->activateWindow();
 }
 
 void Desk::OpenChooser(const MenuEntry& entry) {
@@ -90,10 +88,7 @@ void Desk::MatchDialog(Views& views) {
   OpenAnalysis& open = *views.open;
   if (!views.dialog) {
     views.dialog = new DialogView(open.form, *open.analysis->dialog, &main_window_);
-    connect(views.dialog, &DialogView::OkPressed, this, [this, &open] {
-      workbench_.PressOk(open);
-      Reconcile();
-    });
+    connect(views.dialog, &DialogView::OkPressed, this, [this, &views] { PressOk(views); });
     connect(views.dialog, &DialogView::Cancelled, this, [this, &open] {
       workbench_.Cancel(open);
       Reconcile();
@@ -106,6 +101,15 @@ void Desk::MatchDialog(Views& views) {
   views.dialog->setVisible(open.dialog_shown);
 }
 
+void Desk::PressOk(Views& views) {
+  workbench_.PressOk(*views.open);
+  if (!views.open->dialog_shown) {  // a new run has windows of its own
+    Drop(views.results);
+    views.results.clear();
+  }
+  Reconcile();
+}
+
 void Desk::MatchResults(Views& views) {
   OpenAnalysis& open = *views.open;
   if (!open.results || !open.results->shown) {
@@ -116,6 +120,7 @@ void Desk::MatchResults(Views& views) {
   views.results = new ResultsView(workbench_, open, &main_window_);
   connect(views.results, &ResultsView::Commanded, this, &Desk::Reconcile);
   connect(views.results, &ResultsView::Printed, this, [this, &open] { ShowPlotsAgain(open); });
+  connect(views.results, &ResultsView::PlotWanted, this, &Desk::BringForward);
   views.results->showMaximized();
 }
 
@@ -149,6 +154,13 @@ void Desk::ShowPlotsAgain(const OpenAnalysis& open) {
     window->second.view->show();
     window->second.view->raise();
   }
+}
+
+void Desk::BringForward(const std::string& window) {
+  const auto found = plots_.find(window);
+  if (found == plots_.end() || !found->second.view) return;
+  found->second.view->showMaximized();
+  found->second.view->raise();
 }
 
 ResultsView* Desk::OwnerOf(const Plot& plot) const {

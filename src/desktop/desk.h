@@ -44,11 +44,14 @@ class Desk : public QObject {
     QPointer<QWidget> owner{};
   };
 
+  void PressOk(Views& views);
   void MatchDialog(Views& views);
   void MatchResults(Views& views);
   void MatchPlots();
   void ShowPlot(const Plot& plot, ResultsView& owner);
   void ShowPlotsAgain(const OpenAnalysis& open);
+  // One plot window, maximised.
+  void BringForward(const std::string& window);
   ResultsView* OwnerOf(const Plot& plot) const;
 
   Workbench& workbench_;

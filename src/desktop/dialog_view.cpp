@@ -145,11 +145,14 @@ DialogView::Row DialogView::ChoiceRow(const Field& field, QGridLayout& grid) {
     row.caption = AddLabel(field.caption, grid, 2);
     row.widgets.push_back(row.caption);
   }
-  auto* const buttons = new QButtonGroup(this);
+  std::vector<std::pair<std::string_view, QRadioButton*>> buttons;
+  auto* const group = new QButtonGroup(this);
   for (const Choice& choice : field.choices) {
+    if (choice.caption.empty()) continue;
     auto* const button = new QRadioButton(PlainCaption(choice.caption));
     button->setObjectName(NameOf(field, choice.word));
-    buttons->addButton(button);
+    group->addButton(button);
+    buttons.emplace_back(choice.word, button);
     const int line = grid.rowCount();
     grid.addWidget(button, line, 0);
     AddBeside(field, choice, grid, line);
@@ -157,10 +160,10 @@ DialogView::Row DialogView::ChoiceRow(const Field& field, QGridLayout& grid) {
     connect(button, &QRadioButton::clicked, this,
             [this, &field, word = choice.word] { Change(field, word); });
   }
-  row.show = [&field, buttons](const std::string& text) {
-    const auto all = buttons->buttons();
-    for (qsizetype i = 0; i < all.size(); ++i)
-      all[i]->setChecked(field.choices[static_cast<std::size_t>(i)].word == text);
+  row.show = [group, buttons](const std::string& text) {
+    group->setExclusive(false);  // or none could be left unpressed
+    for (const auto& [word, button] : buttons) button->setChecked(word == text);
+    group->setExclusive(true);
   };
   return row;
 }

@@ -3,12 +3,14 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QStatusBar>
+#include <QToolBar>
 #include <vector>
 
 #include "desktop/about_box.h"
+#include "desktop/caption.h"
 #include "desktop/sheet_view.h"
-#include "painting/qt_text.h"
 
 namespace quorval {
 namespace {
@@ -33,6 +35,7 @@ ResultsView::ResultsView(Workbench& workbench, OpenAnalysis& open, QWidget* pare
   setCentralWidget(sheet_);
   MakeFileMenu();
   MakeHelpMenu();
+  MakePlotButton();
   connect(sheet_, &SheetView::Told, statusBar(),
           [this](const QString& text) { statusBar()->showMessage(text); });
   resize(900, 650);
@@ -84,6 +87,17 @@ void ResultsView::MakeHelpMenu() {
   menu->addAction("&About", this, [this] { ShowAboutBox(this); });
   if (open_.results->procedure->offers_tutorial)
     menu->addAction("&Tutorial", this, [this] { workbench_.ShowTutorial(); });
+}
+
+void ResultsView::MakePlotButton() {
+  const PlotButton& wanted = open_.results->procedure->plot_button;
+  if (wanted.caption.empty()) return;
+  auto* const button = new QPushButton(PlainCaption(wanted.caption));
+  connect(button, &QPushButton::clicked, this,
+          [this, &wanted] { emit PlotWanted(std::string(wanted.plot_window)); });
+  QToolBar* const bar = addToolBar("Plots");
+  bar->setMovable(false);
+  bar->addWidget(button);
 }
 
 void ResultsView::PrintPlots(std::string_view entry) {

@@ -24,6 +24,8 @@ class ResultsView : public QMainWindow {
   void Commanded();
   // The plots are to be shown again.
   void Printed();
+  // This plot window is to come forward.
+  void PlotWanted(const std::string& window);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -31,6 +33,7 @@ class ResultsView : public QMainWindow {
  private:
   void MakeFileMenu();
   void MakeHelpMenu();
+  void MakePlotButton();
   void PrintPlots(std::string_view entry);
 
   Workbench& workbench_;
