@@ -142,6 +142,7 @@ void Desk::ShowPlot(const Plot& plot, ResultsView& owner) {
   PlotWindow& window = plots_[plot.window];
   if (window.view) return window.view->Refresh();
   window = {new PlotView(workbench_, plot.window, &owner), &owner};
+  connect(window.view, &PlotView::AddedToSheet, this, &Desk::Reconcile);
   window.view->setWindowFlag(Qt::Window);
   window.view->setGeometry(PlotPlace(static_cast<int>(plots_.size()) - 1));
   window.view->show();

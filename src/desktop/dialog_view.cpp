@@ -22,6 +22,17 @@ namespace {
 
 constexpr int kEditorWidth = 110;
 constexpr int kNoteWidth = 360;
+constexpr qsizetype kLineLength = 75;
+
+// Buttons do not break their captions themselves.
+QString InLines(QString caption) {
+  for (qsizetype at = kLineLength; at < caption.size(); at += kLineLength) {
+    const qsizetype blank = caption.lastIndexOf(' ', at);
+    if (blank <= at - kLineLength) break;
+    caption[at = blank] = '\n';
+  }
+  return caption;
+}
 
 bool StandsBeside(const Field& field) { return !field.beside.key.empty(); }
 
@@ -92,7 +103,7 @@ void DialogView::AddFields(QVBoxLayout& layout) {
 
 void DialogView::AddField(const Field& field, QGridLayout& grid) {
   std::vector<QWidget*> heading;
-  if (!field.heading.empty()) heading.push_back(AddLabel(field.heading, grid, 2));
+  if (!field.heading.empty()) heading.push_back(AddLabel(field.heading, grid, 3));
   Row row = [&] {
     switch (field.kind) {
       case FieldKind::kChoice:
@@ -135,21 +146,21 @@ DialogView::Row DialogView::TextRow(const Field& field, QGridLayout& grid) {
   Row row{&field, nullptr, {}, {}};
   row.caption = AddLabel(field.caption, grid, 1);
   row.widgets.push_back(row.caption);
-  grid.addWidget(AddEditor(field, row), grid.rowCount() - 1, 1);
+  grid.addWidget(AddEditor(field, row), grid.rowCount() - 1, 1, 1, 2);
   return row;
 }
 
 DialogView::Row DialogView::ChoiceRow(const Field& field, QGridLayout& grid) {
   Row row{&field, nullptr, {}, {}};
   if (!field.caption.empty()) {
-    row.caption = AddLabel(field.caption, grid, 2);
+    row.caption = AddLabel(field.caption, grid, 3);
     row.widgets.push_back(row.caption);
   }
   std::vector<std::pair<std::string_view, QRadioButton*>> buttons;
   auto* const group = new QButtonGroup(this);
   for (const Choice& choice : field.choices) {
     if (choice.caption.empty()) continue;
-    auto* const button = new QRadioButton(PlainCaption(choice.caption));
+    auto* const button = new QRadioButton(InLines(PlainCaption(choice.caption)));
     button->setObjectName(NameOf(field, choice.word));
     group->addButton(button);
     buttons.emplace_back(choice.word, button);
@@ -168,10 +179,9 @@ DialogView::Row DialogView::ChoiceRow(const Field& field, QGridLayout& grid) {
   return row;
 }
 
-// The text fields on the line of a choice.
+// The text fields on the line of a choice; each further one stands on a line of its own.
 void DialogView::AddBeside(const Field& choices, const Choice& choice, QGridLayout& grid,
                            int line) {
-  int column = 1;
   for (const Field& field : dialog_.fields) {
     if (field.beside.key != choices.key || field.beside.word != choice.word) continue;
     Row row{&field, nullptr, {}, {}};
@@ -179,9 +189,9 @@ void DialogView::AddBeside(const Field& choices, const Choice& choice, QGridLayo
     if (!field.caption.empty()) {
       row.caption = new QLabel(PlainCaption(field.caption));
       row.widgets.push_back(row.caption);
-      grid.addWidget(row.caption, line, column++);
+      grid.addWidget(row.caption, line, 1);
     }
-    grid.addWidget(editor, line, column++);
+    grid.addWidget(editor, line++, 2);
     rows_.push_back(std::move(row));
   }
 }
@@ -189,7 +199,7 @@ void DialogView::AddBeside(const Field& choices, const Choice& choice, QGridLayo
 DialogView::Row DialogView::CheckRow(const Field& field, QGridLayout& grid) {
   auto* const box = new QCheckBox(PlainCaption(field.caption));
   box->setObjectName(NameOf(field));
-  grid.addWidget(box, grid.rowCount(), 0, 1, 2);
+  grid.addWidget(box, grid.rowCount(), 0, 1, 3);
   connect(box, &QCheckBox::clicked, this,
           [this, &field](bool on) { Change(field, on ? "on" : "off"); });
   return {
@@ -197,7 +207,7 @@ DialogView::Row DialogView::CheckRow(const Field& field, QGridLayout& grid) {
 }
 
 DialogView::Row DialogView::NoteRow(const Field& field, QGridLayout& grid) {
-  QLabel* const note = AddLabel(field.caption, grid, 2);
+  QLabel* const note = AddLabel(field.caption, grid, 3);
   note->setWordWrap(true);
   note->setMinimumWidth(kNoteWidth);
   return {&field, note, {note}, {}};
@@ -207,7 +217,7 @@ DialogView::Row DialogView::ButtonRow(const Field& field, QGridLayout& grid) {
   auto* const button = new QPushButton(ToQt(field.caption));
   button->setObjectName(ToQt(field.opens->window));
   button->setAutoDefault(false);
-  grid.addWidget(button, grid.rowCount(), 0, 1, 2, Qt::AlignLeft);
+  grid.addWidget(button, grid.rowCount(), 0, 1, 3, Qt::AlignLeft);
   connect(button, &QPushButton::clicked, this, [this, &field] { OpenNested(*field.opens); });
   return {&field, nullptr, {button}, {}};
 }
