@@ -25,7 +25,7 @@ namespace quorval {
 namespace {
 
 constexpr int kTwipsPerPixel = 15;
-constexpr int kNameWidth = 320;
+constexpr int kNameWidth = 260;
 constexpr int kDecimalsWidth = 50;
 constexpr int kGap = 24;
 
@@ -246,7 +246,7 @@ void MainWindow::PlaceAsStored() {
 
 // The place that the window returns to when it is no longer maximised.
 void MainWindow::StorePlace() {
-  const QRect place = isMaximized() ? normalGeometry() : geometry();
+  const QRect place = isMaximized() && normalGeometry().isValid() ? normalGeometry() : geometry();
   const auto store = [&](const PositionSetting& setting, int pixels) {
     platform_.SetSetting(setting.key, pixels * kTwipsPerPixel);
   };

@@ -24,8 +24,9 @@ class MainWindow : public QMainWindow {
  public:
   MainWindow(Workbench& workbench, Platform& platform);
 
-  // Places the window where it stood last, shows it maximised and the start window before it.
+  // Shows the window where it stood last, maximised, and the start window before it.
   void Start();
+  void PlaceAsStored();
 
   SheetView& sheet() { return *sheet_; }
   // The menu entry of a command; null where the menus have none.
@@ -46,7 +47,6 @@ class MainWindow : public QMainWindow {
   void TakeExample(const Example& example);
   // Shows what the workbench holds.
   void Refresh();
-  void PlaceAsStored();
   void StorePlace();
 
   Workbench& workbench_;

@@ -76,7 +76,7 @@ CellRange SheetView::Selection() const {
 
 void SheetView::EndEditing() {
   auto* const editor = viewport()->findChild<QLineEdit*>();
-  if (editor == nullptr) return;
+  if (editor == nullptr || editor->isHidden()) return;
   commitData(editor);
   QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
@@ -114,6 +114,7 @@ void SheetView::Redo() {
 }
 
 void SheetView::keyPressEvent(QKeyEvent* event) {
+  if (state() == EditingState) return QTableView::keyPressEvent(event);
   using Step = void (SheetView::*)();
   constexpr std::pair<QKeySequence::StandardKey, Step> kSteps[] = {
       {QKeySequence::Cut, &SheetView::Cut},     {QKeySequence::Copy, &SheetView::Copy},
