@@ -191,9 +191,9 @@ void Workbench::ShowHelp(bool search) {
   if (!platform_.OpenHelp(kHelpFile, search)) Tell(kNoHelp);
 }
 
-void Workbench::ShowManual(const Analysis& analysis) {
-  const std::string page = std::string(kHelpFile) + "/" + std::string(analysis.manual);
-  if (!platform_.OpenHelp(page, false)) Tell(kNoHelp);
+void Workbench::ShowManual(std::string_view page) {
+  const std::string file = std::string(kHelpFile) + "/" + std::string(page);
+  if (!platform_.OpenHelp(file, false)) Tell(kNoHelp);
 }
 
 void Workbench::ShowTutorial() {

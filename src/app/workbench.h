@@ -72,8 +72,8 @@ class Workbench {
   // --- Help
 
   void ShowHelp(bool search);
-  // The manual's page of an analysis.
-  void ShowManual(const Analysis& analysis);
+  // A page of the manual, by its file.
+  void ShowManual(std::string_view page);
   void ShowTutorial();
 
  private:

@@ -4,12 +4,14 @@
 #include <QScreen>
 #include <QWidget>
 #include <algorithm>
+#include <memory>
 
 #include "desktop/chooser_view.h"
 #include "desktop/dialog_view.h"
 #include "desktop/plot_view.h"
 #include "desktop/results_view.h"
 #include "desktop/sheet_view.h"
+#include "painting/qt_text.h"
 
 namespace quorval {
 namespace {
@@ -55,6 +57,28 @@ void Desk::OpenChooser(const MenuEntry& entry) {
   chooser->show();
 }
 
+void Desk::OpenTool(const Tool& tool) {
+  if (QWidget* const open = main_window_.findChild<DialogView*>(ToQt(tool.dialog->window))) {
+    open->raise();
+    return open->activateWindow();
+  }
+  const auto form = std::make_shared<Form>(*tool.dialog);
+  auto* const view = new DialogView(*form, *tool.dialog, &main_window_);
+  const auto leave = [view] {
+    view->setObjectName({});
+    Drop(view);
+  };
+  connect(view, &DialogView::OkPressed, this, [this, form, leave, &tool] {
+    const Outcome outcome = workbench_.PressOk(tool, *form);
+    emit WorksheetChanged();
+    if (outcome == Outcome::kDone) leave();
+  });
+  connect(view, &DialogView::Cancelled, this, leave);
+  connect(view, &DialogView::HelpWanted, this,
+          [this, &tool] { workbench_.ShowManual(tool.manual); });
+  view->show();
+}
+
 void Desk::Reconcile() {
   auto& open = workbench_.open();
   std::erase_if(views_, [&](Views& views) {
@@ -94,7 +118,7 @@ void Desk::MatchDialog(Views& views) {
       Reconcile();
     });
     connect(views.dialog, &DialogView::HelpWanted, this,
-            [this, &open] { workbench_.ShowManual(*open.analysis); });
+            [this, &open] { workbench_.ShowManual(open.analysis->manual); });
   }
   if (views.dialog->isVisible() == open.dialog_shown) return;
   views.dialog->Refresh();

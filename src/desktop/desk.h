@@ -28,10 +28,15 @@ class Desk : public QObject {
 
   void Open(const Analysis& analysis);
   void OpenChooser(const MenuEntry& entry);
+  void OpenTool(const Tool& tool);
   // Makes, refreshes and destroys views until they match; to be called after every command.
   void Reconcile();
   // Ends all analyses, the last one first.
   void CloseAll();
+
+ signals:
+  // By a data tool.
+  void WorksheetChanged();
 
  private:
   struct Views {

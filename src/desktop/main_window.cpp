@@ -72,6 +72,8 @@ MainWindow::MainWindow(Workbench& workbench, Platform& platform)
   connect(sheet_, &SheetView::Told, this,
           [this](const QString& text) { statusBar()->showMessage(text); });
 
+  connect(&desk_, &Desk::WorksheetChanged, this, &MainWindow::Refresh);
+
   MakeHandlers();
   for (const MenuItem& item : MainMenu()) {
     QMenu* const menu = menuBar()->addMenu(ToQt(item.caption));
@@ -115,6 +117,8 @@ void MainWindow::MakeHandlers() {
     workbench_.ClearWorksheet();
     Refresh();
   };
+  for (const Tool* tool : Tools())
+    handlers_[tool->command] = [this, tool] { desk_.OpenTool(*tool); };
   handlers_[Command::kHelpContents] = [this] { workbench_.ShowHelp(false); };
   handlers_[Command::kHelpSearch] = [this] { workbench_.ShowHelp(true); };
   handlers_[Command::kTutorial] = [this] { workbench_.ShowTutorial(); };

@@ -156,6 +156,25 @@ TEST_F(MainWindowTest, TellsWhereThereIsNoHelp) {
                   "Error in Tutorial"));
 }
 
+TEST_F(MainWindowTest, SortsTheWorksheetByItsTool) {
+  Choose(window, "XY Regression Single");
+  Choose(window, "&Sort");
+  auto* const dialog = Shown(ToQt(kSortTool.dialog->window));
+  ASSERT_NE(dialog, nullptr);
+  Choose(window, "&Sort");  // the one that is open comes forward
+  for (QLineEdit* editor : dialog->findChildren<QLineEdit*>()) {
+    if (!editor->isVisible()) continue;
+    editor->selectAll();
+    QTest::keyClicks(editor, "3");
+    break;
+  }
+  In<QPushButton>(*dialog, "ok").click();
+  Settle();
+  EXPECT_EQ(Shown(ToQt(kSortTool.dialog->window)), nullptr);
+  EXPECT_EQ(CellText(window.sheet(), 3, 2), "2.362");
+  EXPECT_EQ(CellText(window.sheet(), 3, 26), "23.983");
+}
+
 TEST_F(MainWindowTest, OpensTheChooserOfMethodEvaluation) {
   Choose(window, "&Method Evaluation");
   QWidget* const chooser = Shown("frmMethodEval");
