@@ -126,9 +126,8 @@ void CellDelegate::DrawPicture(QPainter& painter, const QRect& cell, const Pictu
     pixmap.loadFromData(reinterpret_cast<const uchar*>(picture->data()),
                         static_cast<uint>(picture->size()));
   if (pixmap.isNull()) return;
-  const QSize size = pixmap.size().scaled(cell.size(), Qt::KeepAspectRatio);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawPixmap(QRect(cell.topLeft(), size), pixmap);
+  painter.drawPixmap(cell.topLeft(),
+                     pixmap.scaled(cell.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 
 }  // namespace quorval
