@@ -9,6 +9,11 @@
 #include "desktop/caption.h"
 
 namespace quorval {
+namespace {
+
+constexpr int kWidth = 420;
+
+}  // namespace
 
 ChooserView::ChooserView(const MenuEntry& entry, QWidget* parent) : QDialog(parent) {
   setObjectName(ToQt(kChooserWindow));
@@ -17,6 +22,7 @@ ChooserView::ChooserView(const MenuEntry& entry, QWidget* parent) : QDialog(pare
   auto* const layout = new QVBoxLayout(this);
   auto* const head = new QLabel(ToQt(kChooserHead));
   head->setWordWrap(true);
+  head->setMinimumWidth(kWidth);
   layout->addWidget(head);
   for (const MenuEntry& choice : entry.chooser) {
     auto* const frame = new QGroupBox(PlainCaption(choice.caption));

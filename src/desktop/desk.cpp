@@ -51,6 +51,7 @@ void Desk::Open(const Analysis& analysis) {
 }
 
 void Desk::OpenChooser(const MenuEntry& entry) {
+  if (auto* const open = main_window_.findChild<ChooserView*>()) return open->activateWindow();
   auto* const chooser = new ChooserView(entry, &main_window_);
   connect(chooser, &ChooserView::Chosen, this,
           [this](const Analysis* analysis) { Open(*analysis); });
