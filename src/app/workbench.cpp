@@ -12,6 +12,8 @@ namespace {
 constexpr std::string_view kWorksheetHeader = "/cQuorval - Data/rPage #/p/n";
 constexpr std::string_view kHelpFile = "DOCQUORVAL.hlp";
 constexpr std::string_view kTutorialFile = "Tutorial.hlp";
+constexpr std::string_view kNoHelp =
+    "Unable to display Help Contents. There is no Help associated with this project.";
 
 // The boxes of a run.  The wait pointer is taken back before any of them.
 class RunMessages : public Messages {
@@ -192,8 +194,12 @@ bool Shows(const OpenAnalysis& open, const Plot& plot) {
 // --- Help
 
 void Workbench::ShowHelp(bool search) {
-  if (!platform_.OpenHelp(kHelpFile, search))
-    Tell("Unable to display Help Contents. There is no Help associated with this project.");
+  if (!platform_.OpenHelp(kHelpFile, search)) Tell(kNoHelp);
+}
+
+void Workbench::ShowManual(std::string_view page) {
+  const std::string file = std::string(kHelpFile) + "/" + std::string(page);
+  if (!platform_.OpenHelp(file, false)) Tell(kNoHelp);
 }
 
 void Workbench::ShowTutorial() {

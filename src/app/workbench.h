@@ -74,6 +74,8 @@ class Workbench {
   // --- Help
 
   void ShowHelp(bool search);
+  // A page of the manual, by its file.
+  void ShowManual(std::string_view page);
   void ShowTutorial();
 
  private:

@@ -1,1 +1,18 @@
-int main() {}
+#include <QApplication>
+
+#include "desktop/app_folder.h"
+#include "desktop/main_window.h"
+#include "desktop/qt_platform.h"
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setOrganizationName("Quorval");
+  QApplication::setApplicationName("Quorval");
+  QApplication::setApplicationVersion(QUORVAL_VERSION);
+
+  quorval::QtPlatform platform(quorval::ProgramFolder());
+  quorval::Workbench workbench(platform, quorval::AppFolder());
+  quorval::MainWindow window(workbench, platform);
+  window.Start();
+  return QApplication::exec();
+}

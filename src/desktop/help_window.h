@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QMainWindow>
+#include <filesystem>
+
+#include "app/manual.h"
+
+class QLineEdit;
+class QListWidget;
+class QTabWidget;
+class QTextBrowser;
+class QTreeWidget;
+
+namespace quorval {
+
+// The manual: its contents and a search beside the page that is read.
+class HelpWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  explicit HelpWindow(const std::filesystem::path& folder, QWidget* parent = nullptr);
+
+  // A Markdown file; its path is relative to the manual's folder, or absolute.
+  void ShowPage(const std::filesystem::path& file);
+  void ShowContents();
+  void ShowSearch();
+
+ private:
+  QWidget* MakeContents();
+  QWidget* MakeSearch();
+  void MakeToolbar();
+  void Search(const QString& words);
+
+  std::filesystem::path folder_;
+  Manual manual_;
+  QTextBrowser* page_;
+  QTabWidget* tabs_;
+  QTreeWidget* contents_ = nullptr;
+  QLineEdit* words_ = nullptr;
+  QListWidget* hits_ = nullptr;
+};
+
+}  // namespace quorval

@@ -1,0 +1,117 @@
+#include "desktop/qt_platform.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QSettings>
+
+#include "desktop/help_window.h"
+#include "desktop/print_preview.h"
+#include "painting/picture.h"
+#include "painting/qt_text.h"
+
+namespace quorval {
+namespace {
+
+constexpr std::string_view kManualFolder = "DOCQUORVAL.hlp";
+
+QString SettingKey(std::string_view key) { return "Settings/" + ToQt(key); }
+
+// "Excel file (*.xls)|*.xls" as Qt writes it: one pair of brackets with the pattern, at the end.
+QString QtFilter(std::string_view filter) {
+  const QStringList parts = ToQt(filter).split('|');
+  const QString brackets = "(" + parts.last() + ")";
+  return parts.first().endsWith(brackets) ? parts.first() : parts.first() + " " + brackets;
+}
+
+std::optional<std::filesystem::path> Ask(const FileQuestion& question,
+                                         QFileDialog::AcceptMode mode) {
+  QFileDialog dialog(QApplication::activeWindow(), ToQt(question.title),
+                     ToQt(question.folder.string()));
+  dialog.setAcceptMode(mode);
+  dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                     : QFileDialog::AnyFile);
+  QStringList filters;
+  for (const std::string& filter : question.filters) filters << QtFilter(filter);
+  dialog.setNameFilters(filters);
+  dialog.setDefaultSuffix(ToQt(question.default_extension));
+  if (!question.proposed_name.empty()) dialog.selectFile(ToQt(question.proposed_name));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return FromQt(dialog.selectedFiles().first());
+}
+
+}  // namespace
+
+QtPlatform::QtPlatform(const std::filesystem::path& help_folder) : help_folder_(help_folder) {}
+
+QtPlatform::~QtPlatform() = default;
+
+Answer QtPlatform::Show(const MessageBox& box) {
+  QMessageBox window(QApplication::activeWindow());
+  window.setTextFormat(Qt::PlainText);
+  window.setWindowTitle(ToQt(box.title));
+  window.setText(ToQt(box.text));
+  window.setIcon(box.critical ? QMessageBox::Critical : QMessageBox::NoIcon);
+  if (box.buttons == Buttons::kOk) {
+    window.setStandardButtons(QMessageBox::Ok);
+    window.exec();
+    return Answer::kOk;
+  }
+  window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+  window.setEscapeButton(QMessageBox::No);
+  return window.exec() == QMessageBox::Yes ? Answer::kYes : Answer::kNo;
+}
+
+void QtPlatform::ShowWaitPointer(bool on) {
+  if (on == wait_pointer_) return;
+  wait_pointer_ = on;
+  if (on)
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  else
+    QApplication::restoreOverrideCursor();
+}
+
+std::optional<std::filesystem::path> QtPlatform::AskOpen(const FileQuestion& question) {
+  return Ask(question, QFileDialog::AcceptOpen);
+}
+
+std::optional<std::filesystem::path> QtPlatform::AskSave(const FileQuestion& question) {
+  return Ask(question, QFileDialog::AcceptSave);
+}
+
+bool QtPlatform::Print(std::span<const PrintJob> jobs) {
+  return ShowPrintPreview(QApplication::activeWindow(), jobs);
+}
+
+bool QtPlatform::WritePicture(const Plot& plot, const std::filesystem::path& path) {
+  return quorval::WritePicture(plot, path);
+}
+
+std::optional<int> QtPlatform::Setting(std::string_view key) {
+  bool whole = false;
+  const int value = QSettings().value(SettingKey(key)).toInt(&whole);
+  return whole ? std::optional(value) : std::nullopt;
+}
+
+void QtPlatform::SetSetting(std::string_view key, int value) {
+  QSettings().setValue(SettingKey(key), value);
+}
+
+bool QtPlatform::OpenHelp(std::string_view file, bool search) {
+  const std::filesystem::path path = help_folder_ / file;
+  const bool contents = std::filesystem::is_directory(path);
+  if (!std::filesystem::exists(contents ? path / "contents.md" : path)) return false;
+  if (!help_) help_ = std::make_unique<HelpWindow>(help_folder_ / kManualFolder);
+  if (search)
+    help_->ShowSearch();
+  else if (contents)
+    help_->ShowContents();
+  else
+    help_->ShowPage(std::filesystem::relative(path, help_folder_ / kManualFolder));
+  help_->show();
+  help_->raise();
+  help_->activateWindow();
+  return true;
+}
+
+}  // namespace quorval

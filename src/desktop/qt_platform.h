@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "platform/platform.h"
+
+namespace quorval {
+
+class HelpWindow;
+
+// The machine by Qt.  Settings are kept under the application's and organisation's names.
+class QtPlatform : public Platform {
+ public:
+  // Help files are looked for in `help_folder`.
+  explicit QtPlatform(const std::filesystem::path& help_folder);
+  ~QtPlatform() override;
+
+  Answer Show(const MessageBox& box) override;
+  void ShowWaitPointer(bool on) override;
+  std::optional<std::filesystem::path> AskOpen(const FileQuestion& question) override;
+  std::optional<std::filesystem::path> AskSave(const FileQuestion& question) override;
+  bool Print(std::span<const PrintJob> jobs) override;
+  bool WritePicture(const Plot& plot, const std::filesystem::path& path) override;
+  std::optional<int> Setting(std::string_view key) override;
+  void SetSetting(std::string_view key, int value) override;
+  // A folder's contents, a page in it ("DOCQUORVAL.hlp/page.md"), or a single page.
+  bool OpenHelp(std::string_view file, bool search) override;
+
+ private:
+  std::filesystem::path help_folder_;
+  bool wait_pointer_ = false;
+  std::unique_ptr<HelpWindow> help_;
+};
+
+}  // namespace quorval

@@ -1,0 +1,108 @@
+#include "desktop/results_view.h"
+
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QToolBar>
+#include <vector>
+
+#include "desktop/about_box.h"
+#include "desktop/caption.h"
+#include "desktop/sheet_view.h"
+
+namespace quorval {
+namespace {
+
+// The entries of the plot jobs, each once; the common one is empty.
+std::vector<std::string_view> EntriesOf(std::span<const PlotJob> jobs) {
+  std::vector<std::string_view> entries;
+  for (const PlotJob& job : jobs)
+    if (std::ranges::count(entries, job.entry) == 0) entries.push_back(job.entry);
+  return entries;
+}
+
+}  // namespace
+
+ResultsView::ResultsView(Workbench& workbench, OpenAnalysis& open, QWidget* parent)
+    : QMainWindow(parent),
+      workbench_(workbench),
+      open_(open),
+      sheet_(new SheetView(open.results->sheet.grid(), 1, this)) {
+  setObjectName(ToQt(open.results->procedure->window));
+  setWindowFlag(Qt::Window);
+  setCentralWidget(sheet_);
+  MakeFileMenu();
+  MakeHelpMenu();
+  MakePlotButton();
+  connect(sheet_, &SheetView::Told, statusBar(),
+          [this](const QString& text) { statusBar()->showMessage(text); });
+  resize(900, 650);
+  Refresh();
+  sheet_->FitColumns();
+}
+
+void ResultsView::Refresh() {
+  setWindowTitle(ToQt(open_.results->title));
+  sheet_->Refresh();
+}
+
+void ResultsView::closeEvent(QCloseEvent* event) {
+  event->accept();
+  sheet_->EndEditing();
+  workbench_.Exit(open_);
+  emit Commanded();
+}
+
+void ResultsView::MakeFileMenu() {
+  const Procedure& procedure = *open_.results->procedure;
+  const FileMenu& captions = procedure.menu;
+  QMenu* const menu = menuBar()->addMenu("&File");
+  if (!captions.back.empty())
+    menu->addAction(ToQt(captions.back), this, [this] {
+      sheet_->EndEditing();
+      workbench_.BackToOptions(open_);
+      emit Commanded();
+    });
+  QAction* const print = menu->addAction(ToQt(captions.print), this, [this] {
+    sheet_->EndEditing();
+    workbench_.PrintResults(open_);
+    emit Printed();
+  });
+  print->setShortcut(QKeySequence::Print);
+  menu->addAction(ToQt(captions.save))->setEnabled(false);
+  menu->addAction(ToQt(captions.export_results))->setEnabled(false);
+  for (std::string_view entry : EntriesOf(procedure.plot_jobs))
+    menu->addAction(ToQt(entry.empty() ? captions.print_plots : entry), this,
+                    [this, entry] { PrintPlots(entry); });
+  menu->addAction(ToQt(captions.exit), this, &QWidget::close);
+}
+
+void ResultsView::MakeHelpMenu() {
+  QMenu* const menu = menuBar()->addMenu("&Help");
+  QAction* const topics =
+      menu->addAction("&Help Topics", this, [this] { workbench_.ShowHelp(false); });
+  topics->setShortcut(QKeySequence::HelpContents);
+  menu->addAction("&About", this, [this] { ShowAboutBox(this); });
+  if (open_.results->procedure->offers_tutorial)
+    menu->addAction("&Tutorial", this, [this] { workbench_.ShowTutorial(); });
+}
+
+void ResultsView::MakePlotButton() {
+  const PlotButton& wanted = open_.results->procedure->plot_button;
+  if (wanted.caption.empty()) return;
+  auto* const button = new QPushButton(PlainCaption(wanted.caption));
+  connect(button, &QPushButton::clicked, this,
+          [this, &wanted] { emit PlotWanted(std::string(wanted.plot_window)); });
+  QToolBar* const bar = addToolBar("Plots");
+  bar->setMovable(false);
+  bar->addWidget(button);
+}
+
+void ResultsView::PrintPlots(std::string_view entry) {
+  workbench_.PrintPlots(open_, entry);
+  emit Printed();
+}
+
+}  // namespace quorval

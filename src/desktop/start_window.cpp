@@ -1,0 +1,86 @@
+#include "desktop/start_window.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QScreen>
+#include <QTimer>
+#include <array>
+
+#include "app/main_menu.h"
+#include "painting/qt_text.h"
+
+namespace quorval {
+namespace {
+
+constexpr int kShownMilliseconds = 2500;
+constexpr QSize kSize(520, 300);
+constexpr QRect kPlot(40, 130, 440, 140);
+
+// Places in the decorative plot, in hundredths of its width and height.
+constexpr std::array<QPoint, 16> kPoints{{
+    {5, 9},
+    {11, 8},
+    {16, 22},
+    {22, 17},
+    {28, 33},
+    {34, 29},
+    {40, 46},
+    {46, 38},
+    {52, 57},
+    {58, 52},
+    {64, 60},
+    {70, 75},
+    {76, 70},
+    {83, 88},
+    {89, 82},
+    {95, 96},
+}};
+
+QPointF Place(QPoint hundredths) {
+  return {kPlot.left() + kPlot.width() * hundredths.x() / 100.0,
+          kPlot.bottom() - kPlot.height() * hundredths.y() / 100.0};
+}
+
+void DrawScatter(QPainter& painter) {
+  painter.setPen(QPen(QColor(0x80, 0x90, 0xA0), 1.5));
+  painter.drawLine(kPlot.topLeft(), kPlot.bottomLeft());
+  painter.drawLine(kPlot.bottomLeft(), kPlot.bottomRight());
+  painter.setPen(QPen(QColor(0xC0, 0x50, 0x30), 2));
+  painter.drawLine(Place({0, 0}), Place({100, 98}));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor(0x20, 0x60, 0xA0));
+  for (QPoint point : kPoints) painter.drawEllipse(Place(point), 4.5, 4.5);
+}
+
+}  // namespace
+
+StartWindow::StartWindow(QWidget* parent) : QWidget(parent, Qt::SplashScreen) {
+  setObjectName("start");
+  setAttribute(Qt::WA_DeleteOnClose);
+  setFixedSize(kSize);
+  move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
+  QTimer::singleShot(kShownMilliseconds, this, &QWidget::close);
+}
+
+void StartWindow::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.fillRect(rect(), QColor(0xFA, 0xFB, 0xFD));
+  painter.setPen(QColor(0x80, 0x90, 0xA0));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  QFont font = painter.font();
+  painter.setPen(QColor(0x18, 0x38, 0x60));
+  font.setPixelSize(38);
+  font.setBold(true);
+  painter.setFont(font);
+  painter.drawText(QRect(40, 22, 440, 50), Qt::AlignLeft | Qt::AlignVCenter, ToQt(kProductName));
+  font.setPixelSize(15);
+  font.setBold(false);
+  painter.setFont(font);
+  painter.drawText(QRect(40, 76, 460, 30), Qt::AlignLeft | Qt::AlignVCenter, ToQt(kProductLine));
+  DrawScatter(painter);
+}
+
+void StartWindow::mousePressEvent(QMouseEvent*) { close(); }
+
+}  // namespace quorval
