@@ -160,6 +160,7 @@ DialogView::Row DialogView::ChoiceRow(const Field& field, QGridLayout& grid) {
   auto* const group = new QButtonGroup(this);
   for (const Choice& choice : field.choices) {
     if (choice.caption.empty()) continue;
+    if (!choice.heading.empty()) row.widgets.push_back(AddLabel(choice.heading, grid, 3));
     auto* const button = new QRadioButton(InLines(PlainCaption(choice.caption)));
     button->setObjectName(NameOf(field, choice.word));
     group->addButton(button);
