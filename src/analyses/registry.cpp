@@ -15,7 +15,7 @@ constexpr MenuEntry kMethodEvaluation[] = {
 
 constexpr MenuEntry kStatisticsMenu[] = {
     {.caption = "&Method Evaluation", .chooser = kMethodEvaluation},
-    {"&Control Chart"},
+    {"&Control Chart", &methodeval::kControlChart},
     {"&Difference Plot (Bland-Altman)", &difference::kDifference},
     {"&Ord. Least Squares Regression Analysis", &regression::kOls},
     {"&Weighted  Least Squares Regression Analysis"},

@@ -30,6 +30,10 @@ std::vector<MenuEntry> Analyses();
 // The analysis of this id; null where there is none.
 const Analysis* FindAnalysis(std::string_view id);
 
+namespace methodeval {
+extern const Analysis kControlChart;
+}  // namespace methodeval
+
 namespace difference {
 extern const Analysis kDifference;
 }  // namespace difference

@@ -19,6 +19,7 @@ void ResultsSheet::Frame(std::string_view title, DateBeside date) {
 void ResultsSheet::Put(int row, int column, std::string_view text) {
   Cell cell;
   cell.text = text;
+  cell.look.overflow = texts_overflow_;
   grid_.Edit(column, row) = std::move(cell);
 }
 
@@ -37,6 +38,11 @@ void ResultsSheet::Put(int row, int column, Real number) {
   cell.look.decimals = ToDecimals(context_->NDec);
   cell.value = Raw(number);
   grid_.Edit(column, row) = std::move(cell);
+}
+
+void ResultsSheet::Put(int row, int column, BoldNumber number) {
+  Put(row, column, number.number);
+  grid_.Edit(column, row).look.bold = true;
 }
 
 void ResultsSheet::PaintHead() {
