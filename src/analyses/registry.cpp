@@ -7,7 +7,7 @@ namespace {
 
 constexpr MenuEntry kMethodEvaluation[] = {
     {"Detection Limit (DL) and LOQ:"},
-    {"Precision (Single Level):"},
+    {"Precision (Single Level):", &methodeval::kPrecision},
     {"Precision Profile:"},
     {"Trueness (Accuracy) Profile:"},
     {"Linearity:"},

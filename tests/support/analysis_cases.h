@@ -40,11 +40,12 @@ inline void ExpectNumbers(const Transcript& told, std::initializer_list<SheetNum
   }
 }
 
-// "x,y x,y ..." with the shortest digits.
+// "x,y x,y ..." to nine decimals.
 inline std::string PointsText(const Series& series) {
+  const auto rounded = [](Real value) { return ShortestText(ToNumber(FixedText(value, 9))); };
   std::string text;
   for (const Point& point : series.points)
-    text += (text.empty() ? "" : " ") + ShortestText(point.x) + "," + ShortestText(point.y);
+    text += (text.empty() ? "" : " ") + rounded(point.x) + "," + rounded(point.y);
   return text;
 }
 

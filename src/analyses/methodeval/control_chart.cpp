@@ -130,8 +130,6 @@ void WriteSheet(Run& run, const ControlData& data, int nv, const Description& ob
 
 // --- The plot
 
-constexpr Colour kBlue = 0x0000FF, kGreen = 0x008000, kRed = 0xFF0000;
-
 void DrawChart(Run& run, const ControlData& data) {
   Plot& plot = run.AddPlot("frmControlChartPlot", "Control Chart");
   plot.label =
@@ -142,15 +140,7 @@ void DrawChart(Run& run, const ControlData& data) {
   Points valid = AgainstNumber(data.x);
   std::erase_if(valid, [](const Point& point) { return IsMissing(point.y); });
   plot.AddPoints(std::move(valid));
-  const auto add_line = [&](int sds, Pattern pattern, Colour colour) {
-    const Real level = data.Limit(sds);
-    plot.AddLine({{0, level}, {data.x.size(), level}}, pattern).colour = colour;
-  };
-  add_line(0, Pattern::kSolid, kBlue);
-  add_line(-2, Pattern::kDotted, kGreen);
-  add_line(2, Pattern::kDotted, kGreen);
-  add_line(-3, Pattern::kDotted, kRed);
-  add_line(3, Pattern::kDotted, kRed);
+  AddSdLines(plot, data.M, data.S, {0, data.x.size()});
 }
 
 // --- The run

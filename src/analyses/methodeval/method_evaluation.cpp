@@ -30,4 +30,16 @@ Points AgainstNumber(std::span<const Real> values) {
   return points;
 }
 
+void AddSdLines(Plot& plot, Real mean, Real sd, const Range& x) {
+  const auto add = [&](int sds, Pattern pattern, Colour colour) {
+    const Real level = mean + sds * sd;
+    plot.AddLine({{x.min, level}, {x.max, level}}, pattern).colour = colour;
+  };
+  add(0, Pattern::kSolid, kBlue);
+  add(-2, Pattern::kDotted, kGreen);
+  add(2, Pattern::kDotted, kGreen);
+  add(-3, Pattern::kDotted, kRed);
+  add(3, Pattern::kDotted, kRed);
+}
+
 }  // namespace quorval::methodeval

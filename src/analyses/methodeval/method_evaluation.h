@@ -63,7 +63,12 @@ ColumnSpan TakeColumns(const Run& run, const Field& start, const Field& last,
 
 // --- Plots
 
+inline constexpr Colour kBlue = 0x0000FF, kGreen = 0x008000, kRed = 0xFF0000;
+
 // Values against their observation number, from 1.
 Points AgainstNumber(std::span<const Real> values);
+
+// A mean with its lines at 2 (green) and 3 SDs (red), each from the lower to the upper x.
+void AddSdLines(Plot& plot, Real mean, Real sd, const Range& x);
 
 }  // namespace quorval::methodeval
