@@ -6,7 +6,7 @@ namespace quorval {
 namespace {
 
 constexpr MenuEntry kMethodEvaluation[] = {
-    {"Detection Limit (DL) and LOQ:"},
+    {"Detection Limit (DL) and LOQ:", &methodeval::kDetectionLimit},
     {"Precision (Single Level):", &methodeval::kPrecision},
     {"Precision Profile:"},
     {"Trueness (Accuracy) Profile:"},

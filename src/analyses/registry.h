@@ -32,6 +32,7 @@ const Analysis* FindAnalysis(std::string_view id);
 
 namespace methodeval {
 extern const Analysis kControlChart;
+extern const Analysis kDetectionLimit;
 extern const Analysis kPrecision;
 }  // namespace methodeval
 
