@@ -8,7 +8,7 @@ namespace {
 constexpr MenuEntry kMethodEvaluation[] = {
     {"Detection Limit (DL) and LOQ:", &methodeval::kDetectionLimit},
     {"Precision (Single Level):", &methodeval::kPrecision},
-    {"Precision Profile:"},
+    {"Precision Profile:", &methodeval::kPrecisionProfile},
     {"Trueness (Accuracy) Profile:"},
     {"Linearity:"},
 };

@@ -34,6 +34,7 @@ namespace methodeval {
 extern const Analysis kControlChart;
 extern const Analysis kDetectionLimit;
 extern const Analysis kPrecision;
+extern const Analysis kPrecisionProfile;
 }  // namespace methodeval
 
 namespace difference {

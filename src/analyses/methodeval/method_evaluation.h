@@ -1,7 +1,10 @@
 // What the evaluations of a single measurement method share.
 #pragma once
 
+#include <optional>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "core/analysis.h"
 #include "core/intake.h"
@@ -60,6 +63,18 @@ struct ColumnSpan {
 // Adjacent columns; refused outside the limit, and in reverse order.
 ColumnSpan TakeColumns(const Run& run, const Field& start, const Field& last,
                        const ColumnLimit& limit = kThirtyColumns);
+
+// Columns that belong together row by row, as long as the first of them.  Refused where one is
+// empty; a Fault where one is shorter than the first.
+std::vector<Sample> ReadLevelColumns(Run& run, std::span<const int> columns);
+
+// --- Percentages
+
+// 100 part / whole; none of a whole of 0.
+std::optional<Real> PercentOf(Real part, Real whole);
+
+// The percentage, or "n.d.".
+void PutPercentage(ResultsSheet& sheet, int row, int column, const std::optional<Real>& percentage);
 
 // --- Plots
 
