@@ -9,7 +9,7 @@ constexpr MenuEntry kMethodEvaluation[] = {
     {"Detection Limit (DL) and LOQ:", &methodeval::kDetectionLimit},
     {"Precision (Single Level):", &methodeval::kPrecision},
     {"Precision Profile:", &methodeval::kPrecisionProfile},
-    {"Trueness (Accuracy) Profile:"},
+    {"Trueness (Accuracy) Profile:", &methodeval::kTruenessProfile},
     {"Linearity:"},
 };
 

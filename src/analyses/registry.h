@@ -35,6 +35,7 @@ extern const Analysis kControlChart;
 extern const Analysis kDetectionLimit;
 extern const Analysis kPrecision;
 extern const Analysis kPrecisionProfile;
+extern const Analysis kTruenessProfile;
 }  // namespace methodeval
 
 namespace difference {
