@@ -10,7 +10,7 @@ constexpr MenuEntry kMethodEvaluation[] = {
     {"Precision (Single Level):", &methodeval::kPrecision},
     {"Precision Profile:", &methodeval::kPrecisionProfile},
     {"Trueness (Accuracy) Profile:", &methodeval::kTruenessProfile},
-    {"Linearity:"},
+    {"Linearity:", &methodeval::kLinearity},
 };
 
 constexpr MenuEntry kStatisticsMenu[] = {

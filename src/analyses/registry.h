@@ -33,6 +33,7 @@ const Analysis* FindAnalysis(std::string_view id);
 namespace methodeval {
 extern const Analysis kControlChart;
 extern const Analysis kDetectionLimit;
+extern const Analysis kLinearity;
 extern const Analysis kPrecision;
 extern const Analysis kPrecisionProfile;
 extern const Analysis kTruenessProfile;

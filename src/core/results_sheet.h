@@ -50,6 +50,7 @@ class ResultsSheet {
     (Put(row, ++column, values), ...);
   }
 
+  // A Fault beyond the sheet's edges, of which a long listing can run out.
   void Put(int, int, Blank) {}
   void Put(int row, int column, std::string_view text);
   void Put(int row, int column, Bold heading);
@@ -66,6 +67,8 @@ class ResultsSheet {
   Grid& grid() { return grid_; }
 
  private:
+  Cell& Edit(int row, int column);
+
   const Context* context_;
   bool texts_overflow_ = false;
   Grid grid_{kColumns, kRows};
