@@ -6,16 +6,16 @@ namespace quorval {
 namespace {
 
 constexpr MenuEntry kMethodEvaluation[] = {
-    {"Detection Limit (DL) and LOQ:"},
-    {"Precision (Single Level):"},
-    {"Precision Profile:"},
-    {"Trueness (Accuracy) Profile:"},
-    {"Linearity:"},
+    {"Detection Limit (DL) and LOQ:", &methodeval::kDetectionLimit},
+    {"Precision (Single Level):", &methodeval::kPrecision},
+    {"Precision Profile:", &methodeval::kPrecisionProfile},
+    {"Trueness (Accuracy) Profile:", &methodeval::kTruenessProfile},
+    {"Linearity:", &methodeval::kLinearity},
 };
 
 constexpr MenuEntry kStatisticsMenu[] = {
     {.caption = "&Method Evaluation", .chooser = kMethodEvaluation},
-    {"&Control Chart"},
+    {"&Control Chart", &methodeval::kControlChart},
     {"&Difference Plot (Bland-Altman)", &difference::kDifference},
     {"&Ord. Least Squares Regression Analysis", &regression::kOls},
     {"&Weighted  Least Squares Regression Analysis"},

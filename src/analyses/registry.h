@@ -30,6 +30,15 @@ std::vector<MenuEntry> Analyses();
 // The analysis of this id; null where there is none.
 const Analysis* FindAnalysis(std::string_view id);
 
+namespace methodeval {
+extern const Analysis kControlChart;
+extern const Analysis kDetectionLimit;
+extern const Analysis kLinearity;
+extern const Analysis kPrecision;
+extern const Analysis kPrecisionProfile;
+extern const Analysis kTruenessProfile;
+}  // namespace methodeval
+
 namespace difference {
 extern const Analysis kDifference;
 }  // namespace difference

@@ -42,6 +42,8 @@ Real Form::Number(const Field& field) const {
   return number;
 }
 
+Single Form::WholeNumber32(const Field& field) const { return Single(ToNumber(Text(field))); }
+
 int Form::Column(const Field& field) const { return ToInt16(Text(field)); }
 
 bool Form::Holds(const When& when) const {

@@ -22,6 +22,8 @@ class Form {
   Real Number(const Field& field) const;
   // The same, rounded to 32 bits.
   Single Number32(const Field& field) const { return Single(Number(field)); }
+  // The number that the whole text is, in 32 bits; a Fault where it is none.
+  Single WholeNumber32(const Field& field) const;
   // The whole text as a 16-bit integer; a Fault where it is none.
   int Column(const Field& field) const;
 

@@ -32,6 +32,7 @@ struct Series {
   Pattern pattern = Pattern::kSolid;
   std::optional<Colour> colour{};  // none: the chart's own
   Real bar_width{};                // of bars, in units of x; they stand centred on their x
+  Real offset{};                   // drawn so far to the right of its x: columns side by side
 
   bool operator==(const Series&) const = default;
 };

@@ -16,27 +16,36 @@ void ResultsSheet::Frame(std::string_view title, DateBeside date) {
   Put(static_cast<int>(date), 3, "  Date: ");
 }
 
+Cell& ResultsSheet::Edit(int row, int column) {
+  if (row > kRows || column > kColumns) Raise(Fault::Kind::kOutOfRange);
+  return grid_.Edit(column, row);
+}
+
 void ResultsSheet::Put(int row, int column, std::string_view text) {
   Cell cell;
   cell.text = text;
-  grid_.Edit(column, row) = std::move(cell);
+  cell.look.overflow = texts_overflow_;
+  Edit(row, column) = std::move(cell);
 }
 
 void ResultsSheet::Put(int row, int column, Bold heading) {
   Put(row, column, heading.text);
-  grid_.Edit(column, row).look.bold = true;
+  Edit(row, column).look.bold = true;
 }
 
-void ResultsSheet::Put(int row, int column, int count) {
-  grid_.Edit(column, row) = EditNumber(count);
-}
+void ResultsSheet::Put(int row, int column, int count) { Edit(row, column) = EditNumber(count); }
 
 void ResultsSheet::Put(int row, int column, Real number) {
   Cell cell;
   cell.look.type = CellType::kNumber;
   cell.look.decimals = ToDecimals(context_->NDec);
   cell.value = Raw(number);
-  grid_.Edit(column, row) = std::move(cell);
+  Edit(row, column) = std::move(cell);
+}
+
+void ResultsSheet::Put(int row, int column, BoldNumber number) {
+  Put(row, column, number.number);
+  Edit(row, column).look.bold = true;
 }
 
 void ResultsSheet::PaintHead() {

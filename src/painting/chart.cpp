@@ -101,7 +101,8 @@ void AddBars(const Series& series, const QColor& colour, QCustomPlot& chart) {
   bars->setBrush(fill);
   bars->setWidthType(QCPBars::wtPlotCoords);
   bars->setWidth(Raw(series.bar_width));
-  for (const Point& point : series.points) bars->addData(Raw(point.x), Raw(point.y));
+  for (const Point& point : series.points)
+    bars->addData(Raw(point.x + series.offset), Raw(point.y));
 }
 
 // Opaque, so that a point drawn twice looks like one.
@@ -133,7 +134,8 @@ void AddCurve(const Series& series, const QColor& colour, double width, QCustomP
   curve->setLineStyle(HasLine(series) ? QCPCurve::lsLine : QCPCurve::lsNone);
   curve->setPen(LinePen(colour, width, series.pattern));
   curve->setScatterStyle(HasPoints(series) ? MarkStyle(series.mark, colour) : QCPScatterStyle());
-  for (const Point& point : series.points) curve->addData(Raw(point.x), Raw(point.y));
+  for (const Point& point : series.points)
+    curve->addData(Raw(point.x + series.offset), Raw(point.y));
 }
 
 // --- Ranges
@@ -154,8 +156,8 @@ Extent ExtentOfX(const Plot& plot) {
   for (const Series& series : plot.series) {
     const double half_bar = series.draw == Draw::kBars ? Raw(series.bar_width) / 2 : 0;
     for (const Point& point : series.points) {
-      extent.Take(Raw(point.x) - half_bar);
-      extent.Take(Raw(point.x) + half_bar);
+      extent.Take(Raw(point.x + series.offset) - half_bar);
+      extent.Take(Raw(point.x + series.offset) + half_bar);
     }
   }
   return extent;

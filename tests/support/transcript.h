@@ -50,12 +50,8 @@ struct Transcript {
 };
 
 // Presses OK: the dialog's rules first, then the run.
-inline Transcript RunAnalysis(const Analysis& analysis, const Columns& columns,
-                              const Settings& settings = {}, const Context& context = {}) {
-  Worksheet worksheet;
-  for (std::size_t i = 0; i < columns.size(); ++i)
-    for (std::size_t row = 0; row < columns[i].size(); ++row)
-      worksheet.SetText(static_cast<int>(i) + 2, static_cast<int>(row) + 1, columns[i][row]);
+inline Transcript RunOn(const Worksheet& worksheet, const Analysis& analysis,
+                        const Settings& settings = {}, const Context& context = {}) {
   Form form(*analysis.dialog);
   for (const auto& [key, text] : settings) form.Set(key, text);
 
@@ -72,6 +68,15 @@ inline Transcript RunAnalysis(const Analysis& analysis, const Columns& columns,
   transcript.sheet = sheet.grid();
   transcript.plots = run.plots;
   return transcript;
+}
+
+inline Transcript RunAnalysis(const Analysis& analysis, const Columns& columns,
+                              const Settings& settings = {}, const Context& context = {}) {
+  Worksheet worksheet;
+  for (std::size_t i = 0; i < columns.size(); ++i)
+    for (std::size_t row = 0; row < columns[i].size(); ++row)
+      worksheet.SetText(static_cast<int>(i) + 2, static_cast<int>(row) + 1, columns[i][row]);
+  return RunOn(worksheet, analysis, settings, context);
 }
 
 }  // namespace quorval::test

@@ -1,0 +1,132 @@
+// The smallest amounts that a method can tell from none, and can quantify: as multiples of an SD
+// (detection_limit_by_sd.cpp), or with both types of error specified (limit_of_detection.cpp).
+#include "analyses/methodeval/detection_limit.h"
+
+#include "analyses/registry.h"
+
+namespace quorval::methodeval {
+namespace detection {
+namespace {
+
+// --- Options
+
+constexpr Field Note(std::string_view group, std::string_view text) {
+  return {.kind = FieldKind::kNote, .group = group, .caption = text, .enabled = {kByEp17}};
+}
+
+constexpr Field kFields[] = {
+    kProcedure,
+    kDl,
+    kDlColumn,
+    kDlSds,
+    kLoq,
+    kLoqColumn,
+    kLoqSds,
+    kBlankColumn,
+    kAlpha,
+    kStartColumn,
+    kLastColumn,
+    Note("Low sample values:",
+         "Measurements from each sample in separate adjacent columns; Minimum one sample. Minimum "
+         "two measurements of each sample."),
+    Note("Low sample values:", "The pooled SD of the low sample measurements is computed."),
+    kBeta,
+    Note({},
+         "This procedure estimates the (1-alpha percentile (default 95) of the blanks using a "
+         "nonparametric principle. This is the Limit of Blank (LoB). The pooled SD estimate of "
+         "measurements of several samples with a low amount of analyte is estimated. The Limit of "
+         "Detection (LoD) is obtained:                           LoD = LoB + 1.65 SD (given beta = "
+         "5%; a correction for degrees of freedom is performed by the program).  For further "
+         "details, see Ref. 27 in Help or the Reference Manual."),
+    kOutlierLimit,
+};
+
+bool Lacks(const Form& form, When procedure, const Field& column) {
+  return form.Holds(procedure) && form.Blank(column);
+}
+
+bool OutsideWhenAsked(const Form& form, const Conditions& asked, const Field& column) {
+  return form.Holds(asked) && OutsideWorksheet(form, column);
+}
+
+constexpr Rule kRules[] = {
+    {[](const Form& form) {
+       return form.Holds(kBySd) && (form.On(kDl) ? form.Blank(kDlColumn) : !form.On(kLoq));
+     },
+     "No column no. was selected for DL analysis!"},
+    {[](const Form& form) { return form.Holds(kLoqAsked) && form.Blank(kLoqColumn); },
+     "No column no. was selected for LOQ analysis!"},
+    {[](const Form& form) { return Lacks(form, kByEp17, kBlankColumn); },
+     "No column no. was selected for the blank measurements!"},
+    {[](const Form& form) { return Lacks(form, kByEp17, kStartColumn); },
+     "No column start no. was selected for low sample measurements!"},
+    {[](const Form& form) { return Lacks(form, kByEp17, kLastColumn); },
+     "No last column no. was selected for low sample measurements!"},
+    {[](const Form& form) {
+       return OutsideWhenAsked(form, kDlAsked, kDlColumn) ||
+              OutsideWhenAsked(form, kLoqAsked, kLoqColumn) ||
+              (form.Holds(kByEp17) &&
+               AnyOutsideWorksheet(form, kBlankColumn, kStartColumn, kLastColumn));
+     },
+     "Selected column no. < 1 or > 500!"},
+    {[](const Form& form) { return NotPositive(form, kOutlierLimit); }, kOptionRefused},
+};
+
+constexpr Dialog frmMethDetLimOpt{
+    .window = "frmMethDetLimOpt",
+    .title = "Quorval     Detection Limit(DL)/LOQ Options   ",
+    .heading = "Options for Detection Limit (DL)/LOQ Determination",
+    .fields = kFields,
+    .rules = kRules,
+};
+static_assert(WellFormed(frmMethDetLimOpt));
+
+// --- Windows
+
+constexpr FileMenu kMenu = MenuWith("Select &Options for Det. Limit/ LOQ");
+constexpr std::string_view kPrintHeader = "/cDetection Limit/rPage #/p/n";
+constexpr FailurePolicy kFailure{.fault = "Error occurred in DL/LOQ analysis",
+                                 .aftermath = Aftermath::kWindowCloses};
+
+constexpr PlotPicture kBySdPictures[] = {
+    {kDlPlot, " Chart2D1.bmp", 250},
+    {kLoqPlot, " Chart2D1Res.bmp", 250},
+};
+constexpr PlotJob kBySdJobs[] = {{.pictures = kBySdPictures}};
+constexpr PlotPicture kByEp17Pictures[] = {{kDotPlot, " Chart2D1.bmp", 350}};
+constexpr PlotJob kByEp17Jobs[] = {{.pictures = kByEp17Pictures}};
+
+constexpr Procedure kProcedures[] = {
+    {.when = kBySd,
+     .window = "frmMethDetLim",
+     .title = [](const Form&) -> std::string {
+       return "Determination of Detection Limit (DL) and/or LOQ";
+     },
+     .menu = kMenu,
+     .print_header = kPrintHeader,
+     .plot_jobs = kBySdJobs,
+     .failure = kFailure,
+     .run = RunBySd},
+    {.when = kByEp17,
+     .window = "frmMethDetLim17",
+     .title = [](const Form&) -> std::string {
+       return "Determination of Limit of Detection (LoD) with type I and II errors specified";
+     },
+     .menu = kMenu,
+     .print_header = kPrintHeader,
+     .plot_jobs = kByEp17Jobs,
+     .failure = kFailure,
+     .run = RunByEp17},
+};
+
+}  // namespace
+}  // namespace detection
+
+constinit const Analysis kDetectionLimit{
+    .id = "detection-limit",
+    .dialog = &detection::frmMethDetLimOpt,
+    .procedures = detection::kProcedures,
+    .manual = "detection-limit.md",
+};
+
+}  // namespace quorval::methodeval

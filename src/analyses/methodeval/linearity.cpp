@@ -1,0 +1,110 @@
+// Linearity within a method, from a dilution series measured with replicates: the lack-of-fit test
+// of a straight line (linearity_lack_of_fit.cpp), or its deviation from a polynomial
+// (linearity_polynomial.cpp).
+#include "analyses/methodeval/linearity.h"
+
+#include "analyses/registry.h"
+
+namespace quorval::methodeval {
+namespace linearity {
+namespace {
+
+// --- Options
+
+constexpr Field Note(std::string_view text) { return {.kind = FieldKind::kNote, .caption = text}; }
+
+constexpr Field kFields[] = {
+    kStartColumn,
+    kLastColumn,
+    Note("x values should be in ascending order from start to last column"),
+    Note("Notice:For a given column, the x value (dilution value) constitutes the first numeric "
+         "variable value  (row 1). The y values constitute the following consecutive series of row "
+         "values (see demo example). "),
+    kOutlierLimit,
+    kProcedure,
+    kExponent,
+    kTruncation,
+    kDegree,
+    kGoal,
+    kPercentGoal,
+    kAbsoluteGoal,
+    Note("Linearity evaluation presupposes at least two y measurements at the x levels (dilution "
+         "levels)."),
+};
+
+constexpr Rule kRules[] = {
+    {[](const Form& form) { return AnyOutsideWorksheet(form, kStartColumn, kLastColumn); },
+     kColumnRefused},
+    {[](const Form& form) { return NotPositive(form, kOutlierLimit); }, kOptionRefused},
+};
+
+constexpr Dialog frmMethLinearityOpt{
+    .window = "frmMethLinearityOpt",
+    .title = "Quorval     Linearity Options   ",
+    .heading =
+        "Options for Linearity Evaluation (Within-Method) on the basis of an F-test (Lack "
+        "of fit principle)",
+    .fields = kFields,
+    .rules = kRules,
+};
+static_assert(WellFormed(frmMethLinearityOpt));
+
+// --- Windows
+
+constexpr std::string_view kPrintHeader = "/cLinearity Results/rPage #/p/n";
+constexpr FailurePolicy kFailure{.fault = "Error occurred in Linearity analysis",
+                                 .aftermath = Aftermath::kWindowCloses};
+
+std::string Title(const Form&) { return "Linearity Evaluation"; }
+
+constexpr PlotPicture kLackOfFitPictures[] = {
+    {"frmMethLinPlot1", " Chart2D1Plot1.bmp", 200},
+    {"frmMethLinPlot2", " Chart2D1Plot2.bmp", 150},
+    {"frmMethLinPlot3", " Chart2D1Plot3.bmp", 150},
+};
+constexpr PlotJob kLackOfFitJobs[] = {{.pictures = kLackOfFitPictures}};
+constexpr PlotPicture kPolynomialPictures[] = {
+    {"frmLinPolynPlot", " Chart2D1.bmp", 350},
+    {"frmLinPolynDifPlot", " Chart2D1Res.bmp", 150},
+};
+constexpr PlotJob kPolynomialJobs[] = {{.pictures = kPolynomialPictures}};
+
+constexpr Procedure LackOfFitProcedure(When procedure) {
+  return {
+      .when = procedure,
+      .window = "frmMethLinearity",
+      .title = Title,
+      .menu = MenuWith("&Select Options for Linearity Eval."),
+      .print_header = kPrintHeader,
+      .plot_jobs = kLackOfFitJobs,
+      .offers_tutorial = true,
+      .failure = kFailure,
+      .run = RunLackOfFit,
+  };
+}
+
+constexpr Procedure kProcedures[] = {
+    LackOfFitProcedure(kOlr),
+    LackOfFitProcedure(kWlr),
+    {.when = kPolynomial,
+     .window = "frmLinPolynReg",
+     .title = Title,
+     .menu = MenuWith("Select linearity &Options"),
+     .print_header = kPrintHeader,
+     .plot_jobs = kPolynomialJobs,
+     .offers_tutorial = true,
+     .failure = kFailure,
+     .run = RunPolynomial},
+};
+
+}  // namespace
+}  // namespace linearity
+
+constinit const Analysis kLinearity{
+    .id = "linearity",
+    .dialog = &linearity::frmMethLinearityOpt,
+    .procedures = linearity::kProcedures,
+    .manual = "linearity.md",
+};
+
+}  // namespace quorval::methodeval

@@ -1,0 +1,153 @@
+// Expected numbers come from tests/independent/profiles.py or are computed by hand.
+#include "analyses/registry.h"
+#include "support/analysis_cases.h"
+
+namespace quorval::test {
+namespace {
+
+using methodeval::kTruenessProfile;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+constexpr std::string_view kExample = "Evaluation of linearity example";
+
+Settings Raw(std::string start, std::string last, Settings more = {}) {
+  more.insert(more.begin(), {{"start-column", std::move(start)}, {"last-column", std::move(last)}});
+  return more;
+}
+
+Settings Pairs(Settings more = {}) {
+  more.insert(more.begin(), {{"mode", "pairs"}, {"true-column", "2"}, {"mean-column", "3"}});
+  return more;
+}
+
+TEST(TruenessProfile, WritesItsSheetOnTheLinearityExample) {
+  const Transcript told = RunOnExample(kExample, kTruenessProfile, Raw("2", "5"));
+  ASSERT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(told.boxes, IsEmpty());
+  EXPECT_THAT(LinesOf(told.sheet),
+              ElementsAre("1:*Trueness Profile", "2: Project: |Demo Linearity Example",
+                          "3:The True value was read as the first numeric value in each col",
+                          "4:The following values were read as measured values",
+                          "5:First Data Column: Col. no.:|2", "6:Last Data Column: Col. no.:|5",
+                          "7:No of levels:|4", "10:True values|Mean|N|SEM|%Mean|%SEM",
+                          "11:2.4590|2.4460|3|0.0771|99.4713|3.1357",
+                          "12:3.2770|3.7030|3|0.0783|112.9997|2.3898",
+                          "13:4.2745|4.5915|2|0.0635|107.4161|1.4856",
+                          "14:7.1000|7.3063|4|0.0984|102.9049|1.3864",
+                          "16:No outliers present|Outlier limit|4.0000|SD"));
+  ExpectNumbers(told, {{11, 4, 0.07710598766200545},
+                       {11, 5, 99.47132980886538},
+                       {11, 6, 3.1356644026842395},
+                       {14, 2, 7.30625},
+                       {14, 6, 1.3863807832823978}});
+  EXPECT_TRUE(told.sheet.At(1, 3).look.overflow);
+}
+
+TEST(TruenessProfile, NamesTheColumnsWithOutliers) {
+  // The largest standardised values are 1.153, 1.143, 0.707 and 1.302.
+  const Transcript told =
+      RunOnExample(kExample, kTruenessProfile, Raw("2", "5", {{"outlier-limit", "1.15"}}));
+  EXPECT_THAT(LinesOf(told.sheet, 16),
+              ElementsAre("16:Outlier limit|1.1500|SD", "17:Outlier(s) identified in Col. no.:|2",
+                          "18:Outlier(s) identified in Col. no.:|5"));
+}
+
+TEST(TruenessProfile, DrawsColumnsAndDots) {
+  const Columns levels{{"10", "8", "12"}, {"0", "1", "3"}, {"20", "22", "26"}};
+  const Transcript told = RunAnalysis(kTruenessProfile, levels, Raw("2", "4"));
+  EXPECT_THAT(LinesOf(told.sheet, 11, 13),
+              ElementsAre("11:10.0000|10.0000|2|2.0000|100.0000|20.0000",
+                          "12:0.0000|2.0000|2|1.0000|n.d.|n.d.",
+                          "13:20.0000|24.0000|2|2.0000|120.0000|10.0000"));
+  const Plot& percent = told.PlotOf("frmMethTruenessPlot2");
+  EXPECT_EQ(percent.header,
+            "True values (100%, red cols) and means (%, blue) with SEM (dot) of measured values");
+  EXPECT_EQ(percent.y.title, "%");
+  ASSERT_THAT(percent.series, SizeIs(3));
+  EXPECT_EQ(PointsText(percent.series[0]), "1,100 3,100");
+  EXPECT_EQ(PointsText(percent.series[1]), "1,100 3,120");
+  EXPECT_EQ(PointsText(percent.series[2]), "1,80 1,120 3,110 3,130");
+  EXPECT_EQ(percent.series[0].draw, Draw::kBars);
+  EXPECT_EQ(percent.series[2].draw, Draw::kPoints);
+  EXPECT_EQ(percent.series[2].offset, percent.series[1].offset);
+  const Plot& absolute = told.PlotOf("frmMethTruenessPlot1a");
+  EXPECT_EQ(absolute.header,
+            "True values (red cols) and means of measured values (blue cols) with SEM (dot)");
+  EXPECT_EQ(PointsText(absolute.series[0]), "1,10 2,0 3,20");
+  EXPECT_EQ(PointsText(absolute.series[1]), "1,10 2,2 3,24");
+  EXPECT_EQ(PointsText(absolute.series[2]), "1,8 1,12 2,1 2,3 3,22 3,26");
+  EXPECT_EQ(absolute.y.min, Real(0));
+  EXPECT_GT(*absolute.y.max, 26);
+}
+
+TEST(TruenessProfile, TakesPairsWithAndWithoutSEMs) {
+  const Columns pairs{{"10", "0"}, {"11", "1"}, {"0.5", "0.25", "surplus"}};
+  const Transcript with = RunAnalysis(kTruenessProfile, pairs, Pairs({{"sem-column", "4"}}));
+  ASSERT_EQ(with.outcome, Outcome::kDone);
+  EXPECT_THAT(
+      LinesOf(with.sheet),
+      ElementsAre("1:*Trueness Profile from paired (True, Mean (and SEM)) values",
+                  "2: Project: |Project 1", "5:True levels: Col. no.:|2",
+                  "6:Means of measured values: Col. no.:|3",
+                  "7:SEMs of measured values: Col. no.:|4", "8:No of levels:|2",
+                  "10:True values|Mean|SEM|%Mean|%SEM", "11:10.0000|11.0000|0.5000|110.0000|5.0000",
+                  "12:0.0000|1.0000|0.2500|n.d.|n.d."));
+  EXPECT_THAT(with.PlotOf("frmMethTruenessPlot1a").series, SizeIs(3));
+
+  const Transcript without = RunAnalysis(kTruenessProfile, pairs, Pairs());
+  EXPECT_THAT(LinesOf(without.sheet, 7),
+              ElementsAre("7:SEMs of measured values: Col. no.:", "8:No of levels:|2",
+                          "10:True values|Mean|SEM|%Mean|%SEM", "11:10.0000|11.0000||110.0000",
+                          "12:0.0000|1.0000||n.d."));
+  for (const Plot& plot : without.plots) EXPECT_THAT(plot.series, SizeIs(2)) << plot.window;
+}
+
+TEST(TruenessProfile, GoesOnAfterALevelWithoutDispersion) {
+  const Transcript told = RunAnalysis(kTruenessProfile, {{"10", "8", "8"}}, Raw("2", "2"));
+  EXPECT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(told.boxes, ElementsAre("Error in outlier evaluation"));
+  EXPECT_EQ(told.Value(11, 4), 0);
+}
+
+TEST(TruenessProfile, EndsEarlyWithItsBoxes) {
+  const Columns two{{"1", "2", "3"}, {"3", "5", "6"}};
+  const std::string dialog = "Selected column no. < 1 or > 30!";
+  const std::string option = "Incompatible option value(s)";
+  const std::string column = " Selected column no. < 1 or > 30: No analysis ";
+  const std::string measured = " Sample size for measured values at given level < 2: No analysis ";
+  const std::string too_few = " Sample size < 1: No analysis ";
+  const std::string raw_failure = "Error occurred in Trueness Profile analysis";
+  const std::string pair_failure = "Error occurred in trueness Profile analysis";
+  ExpectEarlyEnds(kTruenessProfile,
+                  {{"no columns", two, {}, {dialog}},
+                   {"last 501", two, Raw("2", "501"), {dialog}},
+                   {"limit 0", two, Raw("2", "3", {{"outlier-limit", "0"}}), {option}},
+                   {"last 500", two, Raw("2", "500"), {column}},
+                   {"start 31", two, Raw("31", "31"), {column}},
+                   {"last below start", two, Raw("3", "2"), {column}},
+                   {"column 30", two, Raw("30", "30"), {measured}},
+                   {"one measured value", {{"1", "2", "3"}, {"1", "2"}}, Raw("2", "3"), {measured}},
+                   {"a word", {{"1", "2", "n.d."}}, Raw("2", "2"), {raw_failure}},
+                   {"a true value in words", {{"zero", "2", "3"}}, Raw("2", "2"), {raw_failure}},
+                   {"true column 0", two, Pairs({{"true-column", "0"}}), {dialog}},
+                   {"mean column empty", two, Pairs({{"mean-column", ""}}), {dialog}},
+                   {"true column 500", two, Pairs({{"true-column", "500"}}), {column}},
+                   {"mean column 31", two, Pairs({{"mean-column", "31"}}), {column}},
+                   {"SEM column a word", two, Pairs({{"sem-column", "x"}}), {pair_failure}},
+                   {"SEM column 0", two, Pairs({{"sem-column", "0"}}), {pair_failure}},
+                   {"SEM column 31", two, Pairs({{"sem-column", "31"}}), {pair_failure}},
+                   {"no true values", {{}, {"1"}}, Pairs(), {too_few}},
+                   {"a true value without mean", {{"1", "2"}, {"1"}}, Pairs(), {pair_failure}},
+                   {"a mean without SEM",
+                    {{"1", "2"}, {"1", "2"}, {"1"}},
+                    Pairs({{"sem-column", "4"}}),
+                    {pair_failure}}});
+  ExpectWindowCloses(kTruenessProfile);
+  EXPECT_EQ(RunAnalysis(kTruenessProfile, two, Pairs({{"outlier-limit", "0"}})).outcome,
+            Outcome::kDone);
+}
+
+}  // namespace
+}  // namespace quorval::test
