@@ -2,7 +2,7 @@
 
 #include "batch/commands.h"
 #include "batch/lookup.h"
-#include "formats/read_worksheet.h"
+#include "formats/worksheet_file.h"
 
 namespace quorval {
 

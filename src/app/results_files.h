@@ -1,0 +1,13 @@
+// The files of a results window.
+#pragma once
+
+#include "app/open_analysis.h"
+#include "platform/platform.h"
+
+namespace quorval {
+
+// As a results file, which Open Project takes for a project named "Results".
+void SaveResults(Platform& platform, ResultsWindow& window, const Context& context);
+void ExportResults(Platform& platform, const ResultsWindow& window, const Context& context);
+
+}  // namespace quorval
