@@ -71,7 +71,7 @@ void ProjectFiles::Open() {
   });
 }
 
-bool ProjectFiles::Open(const std::filesystem::path& path) {
+bool ProjectFiles::OpenFile(const std::filesystem::path& path) {
   bool loaded = false;
   Guarded(platform_, "Error", [&] { loaded = StartAnew() && Load(path); });
   return loaded;

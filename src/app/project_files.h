@@ -20,7 +20,7 @@ class ProjectFiles {
   void Open();
   // The same without the dialog; false where the file is none that can be opened, which leaves an
   // empty project and tells nothing.
-  bool Open(const std::filesystem::path& path);
+  bool OpenFile(const std::filesystem::path& path);
   void Save();
   void SaveAs();
   void Import();

@@ -5,8 +5,6 @@
 namespace quorval {
 namespace {
 
-constexpr TrailingTexts kMarkers{"Results", "Results"};
-
 std::string ProposedName(const Context& context) { return context.ProjectName + "Results  "; }
 
 // The regressions' windows, whose entry is spelled in another way, bring their own dialog.
@@ -21,7 +19,7 @@ FileQuestion SaveQuestion(const Procedure& procedure, const Context& context) {
 }  // namespace
 
 void SaveResults(Platform& platform, ResultsWindow& window, const Context& context) {
-  SaveSheet(platform, window.sheet.grid(), kMarkers, [&] {
+  SaveSheet(platform, window.sheet.grid(), kResultsMarkers, [&] {
     // No name, of which no file comes, is what a cancelled dialog reports.
     return platform.AskSave(SaveQuestion(*window.procedure, context))
         .value_or(std::filesystem::path{});

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/note_page.h"
 #include "app/results_files.h"
 #include "app/wait_pointer.h"
 #include "results/picture_file.h"
@@ -66,6 +67,12 @@ void Workbench::PrintWorksheetAtOnce() {
   PrintJob job = SheetPage(worksheet().grid(), {});
   job.footer.clear();
   if (!platform_.Print({&job, 1})) Tell("Error");
+}
+
+// A cancelled or failed print leaves everything as it is, and tells nothing.
+void Workbench::PrintNote(std::string_view text) {
+  const PrintJob job = NotePageJob(project_.context(), text);
+  platform_.Print({&job, 1});
 }
 
 // --- An analysis

@@ -41,6 +41,9 @@ class Workbench {
   // With no header and footer, as the toolbar does.
   void PrintWorksheetAtOnce();
 
+  // The page of the note, with the text that its window holds.
+  void PrintNote(std::string_view text);
+
   // --- An analysis: from its menu entry to its exit
 
   // Loads and shows its options dialog; the one that is loaded already, if there is one.
