@@ -7,6 +7,7 @@
 
 #include "core/context.h"
 #include "core/worksheet.h"
+#include "formats/project_file.h"
 
 namespace quorval {
 
@@ -24,6 +25,14 @@ class Project {
   void Rename(std::string_view name);
   // The decimals field was edited; any text goes.
   void SetDecimals(std::string_view text) { context_.NDec = text; }
+
+  void SetNote(std::string_view note) { context_.ProjectNote = note; }
+  void SetFile(const std::filesystem::path& file) { context_.ProjectFile = file; }
+
+  // An empty project without a name of its own; the decimals stay.
+  void Reset();
+  // What a file holds: its sheet, and where that has more than two rows the name and note below it.
+  void Take(SavedGrid saved);
 
   // An example took the project's place.
   void TakeExample(std::string_view name, std::string_view note);

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/note_page.h"
+#include "app/results_files.h"
+#include "app/wait_pointer.h"
 #include "results/picture_file.h"
 #include "results/print.h"
 
@@ -28,20 +31,6 @@ class RunMessages : public Messages {
   Platform& platform_;
 };
 
-// The hourglass for the length of a step.
-class WaitPointer {
- public:
-  explicit WaitPointer(Platform& platform) : platform_(platform) {
-    platform_.ShowWaitPointer(true);
-  }
-  ~WaitPointer() { platform_.ShowWaitPointer(false); }
-  WaitPointer(const WaitPointer&) = delete;
-  WaitPointer& operator=(const WaitPointer&) = delete;
-
- private:
-  Platform& platform_;
-};
-
 Plot* FindPlot(std::vector<Plot>& plots, std::string_view window) {
   const auto found = std::ranges::find(plots, window, &Plot::window);
   return found == plots.end() ? nullptr : &*found;
@@ -53,21 +42,13 @@ void Workbench::Tell(std::string_view text) { platform_.Show({.text = std::strin
 
 // --- The project
 
-bool Workbench::MayReplaceProject() {
-  if (!project_.HasData()) return true;
-  return platform_.Show(
-             {.text = "Notice that existing project data and results are lost, Still proceed?",
-              .buttons = Buttons::kYesNo,
-              .critical = true}) == Answer::kYes;
-}
-
 bool Workbench::ImportExample(const Example& example) {
   const auto take = [&](const ExampleProject& to) { project_.TakeExample(to.name, to.note); };
   if (example.question == ExampleQuestion::kAfterClearing) {
     take(example.before_clearing);
     ClearWorksheet();
   }
-  if (example.question != ExampleQuestion::kNever && !MayReplaceProject()) return false;
+  if (example.question != ExampleQuestion::kNever && !files_.MayReplace()) return false;
   try {
     take(example.project);
     WriteExample(example, worksheet());
@@ -86,6 +67,12 @@ void Workbench::PrintWorksheetAtOnce() {
   PrintJob job = SheetPage(worksheet().grid(), {});
   job.footer.clear();
   if (!platform_.Print({&job, 1})) Tell("Error");
+}
+
+// A cancelled or failed print leaves everything as it is, and tells nothing.
+void Workbench::PrintNote(std::string_view text) {
+  const PrintJob job = NotePageJob(project_.context(), text);
+  platform_.Print({&job, 1});
 }
 
 // --- An analysis
@@ -189,6 +176,14 @@ void Workbench::AddPlotToSheet(const Plot& plot) {
 
 bool Shows(const OpenAnalysis& open, const Plot& plot) {
   return open.results && std::ranges::count(open.results->plot_windows, plot.window) > 0;
+}
+
+void Workbench::SaveResults(OpenAnalysis& open) {
+  quorval::SaveResults(platform_, *open.results, project_.context());
+}
+
+void Workbench::ExportResults(OpenAnalysis& open) {
+  quorval::ExportResults(platform_, *open.results, project_.context());
 }
 
 // --- Help

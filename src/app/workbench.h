@@ -12,6 +12,7 @@
 #include "app/examples.h"
 #include "app/open_analysis.h"
 #include "app/project.h"
+#include "app/project_files.h"
 #include "app/tools/tool.h"
 #include "platform/platform.h"
 
@@ -30,8 +31,8 @@ class Workbench {
 
   // --- The project
 
-  // Asks whether data may be lost where there are any.
-  bool MayReplaceProject();
+  // New, Open, Save, Save As, Import and Export.
+  ProjectFiles& files() { return files_; }
   // An example in the project's place; false when the user would rather keep the data.
   bool ImportExample(const Example& example);
   // Empties the worksheet without a question; name and note stay.
@@ -39,6 +40,9 @@ class Workbench {
   void PrintWorksheet();
   // With no header and footer, as the toolbar does.
   void PrintWorksheetAtOnce();
+
+  // The page of the note, with the text that its window holds.
+  void PrintNote(std::string_view text);
 
   // --- An analysis: from its menu entry to its exit
 
@@ -61,6 +65,8 @@ class Workbench {
 
   // --- A results window
 
+  void SaveResults(OpenAnalysis& open);
+  void ExportResults(OpenAnalysis& open);
   void PrintResults(OpenAnalysis& open);
   // The jobs of one File entry; the empty entry is the common one.
   void PrintPlots(OpenAnalysis& open, std::string_view entry = {});
@@ -86,6 +92,7 @@ class Workbench {
 
   Platform& platform_;
   Project project_;
+  ProjectFiles files_{platform_, project_};
   std::list<OpenAnalysis> open_;          // a list: views hold on to the elements
   std::map<const Analysis*, Form> left_;  // as their users left them
   std::vector<Plot> plots_;

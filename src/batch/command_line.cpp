@@ -53,6 +53,8 @@ int RunCommandLine(int argc, const char* const* argv) {
   AddListCommand(program, chosen);
   AddDescribeCommand(program, chosen);
   AddRunCommand(program, chosen);
+  AddDataCommand(program, chosen);
+  AddConvertCommand(program, chosen);
   AddDemoCommand(program, chosen);
   try {
     program.parse(argc, argv);

@@ -26,5 +26,7 @@ void AddListCommand(CLI::App& program, Task& chosen);
 void AddDescribeCommand(CLI::App& program, Task& chosen);
 void AddDemoCommand(CLI::App& program, Task& chosen);
 void AddRunCommand(CLI::App& program, Task& chosen);
+void AddDataCommand(CLI::App& program, Task& chosen);
+void AddConvertCommand(CLI::App& program, Task& chosen);
 
 }  // namespace quorval

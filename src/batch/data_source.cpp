@@ -2,19 +2,37 @@
 
 #include "batch/commands.h"
 #include "batch/lookup.h"
-#include "formats/read_worksheet.h"
+#include "formats/worksheet_file.h"
 
 namespace quorval {
 
+namespace {
+
+auto Keep(std::optional<std::string>& to) {
+  return [&to](const std::string& text) { to = text; };
+}
+
+void LoadFile(const std::string& file, Workbench& workbench) {
+  if (std::filesystem::path(file).extension() == ".qvl") {
+    if (!workbench.files().OpenFile(file)) throw Unusable(file + ": the file is no project");
+  } else if (const auto error = ReadWorksheet(file, workbench.worksheet())) {
+    throw Unusable(*error);
+  }
+}
+
+}  // namespace
+
+CLI::Option* AddExampleSource(CLI::App& command, DataSource& source) {
+  return command
+      .add_option_function<std::string>("--demo", Keep(source.example),
+                                        "A built-in example set in the file's place")
+      ->type_name("NAME");
+}
+
 void AddDataSource(CLI::App& command, DataSource& source) {
-  const auto keep = [](std::optional<std::string>& to) {
-    return [&to](const std::string& text) { to = text; };
-  };
   CLI::Option* const file = command.add_option_function<std::string>(
-      "DATA", keep(source.file), "The data file; its first row becomes row 0, the titles");
-  CLI::Option* const example = command.add_option_function<std::string>(
-      "--demo", keep(source.example), "A built-in example set in the file's place");
-  example->type_name("NAME")->excludes(file);
+      "DATA", Keep(source.file), "The data file; its first row becomes row 0, the titles");
+  AddExampleSource(command, source)->excludes(file);
 }
 
 void LoadData(const DataSource& source, Workbench& workbench) {
@@ -22,8 +40,8 @@ void LoadData(const DataSource& source, Workbench& workbench) {
     workbench.ImportExample(ExampleNamed(*source.example));
   } else if (!source.file) {
     throw Unusable("a data file, or an example set by --demo, is needed");
-  } else if (const auto error = ReadWorksheet(*source.file, workbench.worksheet())) {
-    throw Unusable(*error);
+  } else {
+    LoadFile(*source.file, workbench);
   }
 }
 

@@ -13,6 +13,9 @@ struct DataSource {
   std::optional<std::string> file, example;
 };
 
+// --demo alone.
+CLI::Option* AddExampleSource(CLI::App& command, DataSource& source);
+
 // DATA and --demo, which exclude each other.
 void AddDataSource(CLI::App& command, DataSource& source);
 

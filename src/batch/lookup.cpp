@@ -12,6 +12,14 @@ MenuEntry AnalysisNamed(std::string_view id) {
   throw Unusable("there is no analysis \"" + std::string(id) + "\"; \"list\" names them");
 }
 
+const Tool& ToolNamed(std::string_view id) {
+  const Tool* const tool = FindTool(id);
+  if (tool == nullptr)
+    throw Unusable("there is no data tool \"" + std::string(id) +
+                   "\"; there are sort, transform and format");
+  return *tool;
+}
+
 const Example& ExampleNamed(std::string_view menu) {
   const Example* const example = FindExample(menu);
   if (example == nullptr)

@@ -5,11 +5,13 @@
 
 #include "analyses/registry.h"
 #include "app/examples.h"
+#include "app/tools/tool.h"
 
 namespace quorval {
 
-// Both throw Unusable where there is none of this name.
+// All throw Unusable where there is none of this name.
 MenuEntry AnalysisNamed(std::string_view id);
+const Tool& ToolNamed(std::string_view id);
 const Example& ExampleNamed(std::string_view menu);
 
 }  // namespace quorval

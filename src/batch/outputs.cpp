@@ -11,6 +11,7 @@
 #include "batch/commands.h"
 #include "batch/run_json.h"
 #include "batch/sheet_table.h"
+#include "batch/worksheet_output.h"
 
 namespace quorval {
 namespace {
@@ -21,15 +22,6 @@ namespace {
 
 CLI::Validator Named() {
   return {[](std::string& name) { return name.empty() ? "a name is needed" : ""; }, ""};
-}
-
-void WriteText(const std::string& text, const std::string& file) {
-  if (file == "-") {
-    std::cout << text;
-    return;
-  }
-  std::ofstream stream(file, std::ios::binary);
-  if (!(stream << text).flush()) FailToWrite(file);
 }
 
 std::vector<const Plot*> PlotsOf(const OpenAnalysis& open, Workbench& workbench) {
@@ -70,10 +62,27 @@ void WriteReport(const std::vector<const Plot*>& plots, const std::string& file,
 
 }  // namespace
 
+void WriteText(const std::string& text, const std::string& file) {
+  if (file == "-") {
+    std::cout << text;
+    return;
+  }
+  std::ofstream stream(file, std::ios::binary);
+  if (!(stream << text).flush()) FailToWrite(file);
+}
+
 void AddOutputs(CLI::App& command, Outputs& outputs) {
   command
       .add_option("--json", outputs.json,
                   "Write all that the run showed as JSON; - is standard output")
+      ->type_name("FILE")
+      ->check(Named());
+  command.add_option("--save", outputs.save, "Save the results sheet as a results file")
+      ->type_name("FILE.qvl")
+      ->check(Named());
+  command
+      .add_option("--export", outputs.export_results,
+                  "Write the results sheet as .xls, .xlsx or .csv, by the extension")
       ->type_name("FILE")
       ->check(Named());
   CLI::Option* const plots =
@@ -105,6 +114,10 @@ void HandOut(const Outputs& outputs, Outcome outcome, OpenAnalysis& open, Workbe
   if (outputs.json != "-" && window_open) std::cout << SheetTable(open.results->sheet.grid());
   if (!outputs.json.empty())
     WriteText(JsonText(RunJson(open, outcome, platform.boxes(), plots)), outputs.json);
+  if (window_open && !outputs.save.empty())
+    WriteResultsFile(outputs.save, open.results->sheet.grid());
+  if (window_open && !outputs.export_results.empty())
+    WriteExport(outputs.export_results, open.results->sheet.grid());
   if (!outputs.plots.empty()) WritePictures(plots, outputs, platform);
   if (!outputs.report.empty() && window_open)
     WriteReport(plots, outputs.report, open, workbench, platform);

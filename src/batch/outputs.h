@@ -14,11 +14,16 @@ struct Outputs {
   std::string json;   // a file, "-" for standard output; empty: none
   std::string plots;  // a folder; empty: none
   std::string plot_format = "png";
-  std::string report;  // a PDF file; empty: none
+  std::string report;          // a PDF file; empty: none
+  std::string save;            // a results file; empty: none
+  std::string export_results;  // a sheet of another program; empty: none
 };
 
-// --json, --plots, --plot-format and --report.
+// --json, --save, --export, --plots, --plot-format and --report.
 void AddOutputs(CLI::App& command, Outputs& outputs);
+
+// "-" is standard output.  Throws Unusable where the file cannot be written.
+void WriteText(const std::string& text, const std::string& file);
 
 // What draws them; none where nothing is to be drawn.  Throws Unusable in a program built without.
 std::unique_ptr<Pictures> PicturesFor(const Outputs& outputs);

@@ -34,14 +34,15 @@ Json CellJson(const Cell& cell, int row, int column) {
   return json;
 }
 
-Json CellsJson(const Grid& grid) {
+// Rows are counted from `first_row`.
+Json CellsJson(const Grid& grid, int first_row = 1) {
   Json json = Json::array();
   const int rows = grid.DataRowCnt();
   const int columns = grid.DataColCnt();
   for (int row = 1; row <= rows; ++row)
     for (int column = 1; column <= columns; ++column)
       if (const Cell& cell = grid.At(column, row); !cell.Empty())
-        json.push_back(CellJson(cell, row, column));
+        json.push_back(CellJson(cell, row - 1 + first_row, column));
   return json;
 }
 
@@ -120,6 +121,16 @@ Json RunJson(const OpenAnalysis& open, Outcome outcome, std::span<const MessageB
           {"messages", MessagesJson(boxes)},
           {"results", ResultsJson(open)},
           {"plots", PlotsJson(plots, outcome)}};
+}
+
+Json ToolJson(const Tool& tool, const Form& form, Outcome outcome,
+              std::span<const MessageBox> boxes, const Worksheet& worksheet) {
+  return {{"schema", kJsonSchema},
+          {"tool", tool.id},
+          {"options", OptionsJson(form)},
+          {"status", outcome == Outcome::kDone ? "done" : "refused"},
+          {"messages", MessagesJson(boxes)},
+          {"worksheet", {{"cells", CellsJson(worksheet.grid(), 0)}}}};
 }
 
 }  // namespace quorval

@@ -91,6 +91,16 @@ void Grid::SetRows(int rows) {
   rows_ = rows;
 }
 
+bool Grid::operator==(const Grid& other) const {
+  if (Columns() != other.Columns() || rows_ != other.rows_) return false;
+  for (int column = 1; column <= Columns(); ++column) {
+    const int rows = std::max(UsedRows(column), other.UsedRows(column));
+    for (int row = 1; row <= rows; ++row)
+      if (!(At(column, row) == other.At(column, row))) return false;
+  }
+  return true;
+}
+
 int Grid::DataRowCnt() const {
   std::size_t count = 0;
   for (const auto& cells : cells_) {

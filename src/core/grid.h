@@ -93,7 +93,8 @@ class Grid {
   // Changes how many rows there are; what stands below the last one goes.
   void SetRows(int rows);
 
-  bool operator==(const Grid&) const = default;
+  // Whether all cells are equal, and the edges.
+  bool operator==(const Grid& other) const;
 
  private:
   std::vector<std::vector<Cell>> cells_;  // by column, each as long as it was written to

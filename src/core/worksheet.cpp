@@ -1,5 +1,7 @@
 #include "core/worksheet.h"
 
+#include <utility>
+
 namespace quorval {
 
 void Worksheet::Clear() {
@@ -7,11 +9,19 @@ void Worksheet::Clear() {
   PaintHeader();
 }
 
+void Worksheet::Take(Grid grid) {
+  grid.SetRows(kLastRow + 1);
+  grid_ = std::move(grid);
+  PaintHeader();
+}
+
 void Worksheet::PaintHeader() {
   for (int column = 1; column <= kColumns; ++column) {
-    CellLook& look = grid_.Edit(column, 1).look;
-    look.colour = kGrey;
-    look.type = CellType::kEdit;
+    Cell& cell = grid_.Edit(column, 1);
+    cell.look.colour = kGrey;
+    if (cell.look.type == CellType::kEdit) continue;
+    cell.text = cell.Value();
+    cell.look.type = CellType::kEdit;
   }
 }
 

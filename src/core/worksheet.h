@@ -32,6 +32,8 @@ class Worksheet {
 
   // Empties the used area and paints row 0 anew.
   void Clear();
+  // Another grid's cells in the place of these; what does not fit is left out.
+  void Take(Grid grid);
   // Row 0 grey and of edit type in all columns.
   void PaintHeader();
 

@@ -3,6 +3,7 @@
 #include "desktop/app_folder.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_platform.h"
+#include "painting/qt_text.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
@@ -14,5 +15,7 @@ int main(int argc, char** argv) {
   quorval::Workbench workbench(platform, quorval::AppFolder());
   quorval::MainWindow window(workbench, platform);
   window.Start();
+  if (const QStringList files = QApplication::arguments().mid(1); !files.isEmpty())
+    window.OpenProject(quorval::FromQt(files.first()));
   return QApplication::exec();
 }

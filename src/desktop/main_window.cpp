@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -9,11 +10,14 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include "desktop/about_box.h"
+#include "desktop/note_view.h"
 #include "desktop/sheet_view.h"
 #include "desktop/start_window.h"
 #include "painting/qt_text.h"
@@ -62,6 +66,7 @@ MainWindow::MainWindow(Workbench& workbench, Platform& platform)
     : workbench_(workbench), platform_(platform), desk_(workbench, *this) {
   InitIcons();
   setObjectName("main");
+  setAcceptDrops(true);
   QApplication::setWindowIcon(QIcon(":/icons/quorval.svg"));
   sheet_ = new SheetView(workbench.worksheet().grid(), 0, this);
   auto* const centre = new QWidget;
@@ -108,6 +113,19 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::MakeHandlers() {
+  const auto on_project = [this](void (ProjectFiles::*command)()) {
+    return [this, command] {
+      (workbench_.files().*command)();
+      Refresh();
+    };
+  };
+  handlers_[Command::kNewProject] = on_project(&ProjectFiles::New);
+  handlers_[Command::kOpenProject] = on_project(&ProjectFiles::Open);
+  handlers_[Command::kSaveProject] = on_project(&ProjectFiles::Save);
+  handlers_[Command::kSaveProjectAs] = on_project(&ProjectFiles::SaveAs);
+  handlers_[Command::kImportExcel] = on_project(&ProjectFiles::Import);
+  handlers_[Command::kExportExcel] = on_project(&ProjectFiles::Export);
+  handlers_[Command::kNotePage] = [this] { OpenNotePage(); };
   handlers_[Command::kPrint] = [this] { workbench_.PrintWorksheet(); };
   handlers_[Command::kExit] = [this] { close(); };
   handlers_[Command::kCut] = [this] { sheet_->Cut(); };
@@ -234,7 +252,33 @@ void MainWindow::TakeExample(const Example& example) {
   Refresh();
 }
 
+void MainWindow::OpenNotePage() {
+  auto* note = findChild<NoteView*>();
+  if (note == nullptr) note = new NoteView(workbench_, this);
+  note->show();
+  note->raise();
+  note->activateWindow();
+}
+
+void MainWindow::OpenProject(const std::filesystem::path& path) {
+  sheet_->EndEditing();
+  workbench_.files().OpenFile(path);
+  Refresh();
+}
+
+// One file of this machine can be dropped: a project.
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  if (urls.size() == 1 && urls.first().isLocalFile()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  OpenProject(FromQt(event->mimeData()->urls().first().toLocalFile()));
+}
+
 void MainWindow::Refresh() {
+  ActionOf(Command::kSaveProject)->setEnabled(workbench_.files().CanSave());
   const QString name = ToQt(workbench_.project().context().ProjectName);
   if (name_->text() != name) name_->setText(name);
   setWindowTitle(ToQt(workbench_.project().title()));

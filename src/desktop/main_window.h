@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <filesystem>
 #include <functional>
 #include <map>
 #include <span>
@@ -28,11 +29,16 @@ class MainWindow : public QMainWindow {
   void Start();
   void PlaceAsStored();
 
+  // As "&Open Project" does: named on the command line, or dropped on the window.
+  void OpenProject(const std::filesystem::path& path);
+
   SheetView& sheet() { return *sheet_; }
   // The menu entry of a command; null where the menus have none.
   QAction* ActionOf(Command command) const;
 
  protected:
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -44,6 +50,7 @@ class MainWindow : public QMainWindow {
   void MakeToolbar();
   void MakeStatusBar();
   QWidget* MakeProjectLine();
+  void OpenNotePage();
   void TakeExample(const Example& example);
   // Shows what the workbench holds.
   void Refresh();

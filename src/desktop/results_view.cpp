@@ -71,8 +71,15 @@ void ResultsView::MakeFileMenu() {
     emit Printed();
   });
   print->setShortcut(QKeySequence::Print);
-  menu->addAction(ToQt(captions.save))->setEnabled(false);
-  menu->addAction(ToQt(captions.export_results))->setEnabled(false);
+  menu->addAction(ToQt(captions.save), this, [this] {
+    sheet_->EndEditing();
+    workbench_.SaveResults(open_);
+    Refresh();
+  });
+  menu->addAction(ToQt(captions.export_results), this, [this] {
+    sheet_->EndEditing();
+    workbench_.ExportResults(open_);
+  });
   for (std::string_view entry : EntriesOf(procedure.plot_jobs))
     menu->addAction(ToQt(entry.empty() ? captions.print_plots : entry), this,
                     [this, entry] { PrintPlots(entry); });

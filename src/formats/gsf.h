@@ -24,9 +24,18 @@ struct Release {
 template <class Object>
 using Owner = std::unique_ptr<Object, Release>;
 
-// To be called before anything else of the library.
+// To be called before anything else of the library.  What it would print of damaged files is said
+// by FileErrors; standard output must not hold it.
 inline void Start() {
-  static const bool started = (gsf_init(), true);
+  static const bool started = [] {
+    gsf_init();
+    for (const char* part :
+         {static_cast<const char*>(nullptr), "GLib", "libgsf", "libgsf:msole", "libgsf:zip"})
+      g_log_set_handler(
+          part, G_LOG_LEVEL_MASK, [](auto...) {}, nullptr);
+    g_set_print_handler([](auto...) {});
+    return true;
+  }();
   static_cast<void>(started);
 }
 

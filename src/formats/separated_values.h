@@ -13,4 +13,9 @@ namespace quorval {
 Worksheet ReadCommaSeparated(const std::filesystem::path& path);
 Worksheet ReadTabSeparated(const std::filesystem::path& path);
 
+// The used columns of each row, lines ended by LF; a value in double quotes where it must be.
+// Throws a FileError; the old file then stands as it was.
+void WriteCommaSeparated(const std::filesystem::path& path, const Grid& grid);
+void WriteTabSeparated(const std::filesystem::path& path, const Grid& grid);
+
 }  // namespace quorval

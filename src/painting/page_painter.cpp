@@ -21,6 +21,7 @@ namespace {
 constexpr double kFontSize = 9, kLeastFontSize = 6.5, kPadding = 3;
 constexpr double kGridLine = 0.4, kBorderLine = 1;
 constexpr QRgb kGridInk = 0xFFB0B0B0;
+constexpr double kPaperEdge = 0.5;  // centimetres, which printers leave free
 constexpr double kPointsPerTwip = 1 / 20.0;
 constexpr int kPdfDpi = 1200;
 
@@ -101,6 +102,7 @@ class JobPainter {
   // Pages count from 1, down the sheet and then beside it.
   void PaintPage(int page) {
     PaintPageTexts(page);
+    PaintPlacedTexts();
     if (layout_.columns.empty()) return;
     const auto index = static_cast<std::size_t>(page - 1);
     columns_ = layout_.columns[index / layout_.rows.size()];
@@ -171,6 +173,24 @@ class JobPainter {
     for (const QString& part : ToQt(text).split(u'\n')) {
       painter_.drawText(OnDevice(line), alignment | Qt::AlignVCenter | Qt::TextDontClip, part);
       line.translate(0, fonts_.LineHeight());
+    }
+  }
+
+  void PaintPlacedTexts() {
+    if (job_.texts.empty()) return;
+    constexpr double kPointsPerCentimetre = 72 / 2.54;
+    const QFont font("Arial", 12, QFont::Bold);
+    const QFontMetricsF metrics(font, painter_.device());
+    const double scale = fonts_.Scale() * kPointsPerCentimetre;
+    painter_.setFont(font);
+    painter_.setPen(Qt::black);
+    for (const PlacedText& placed : job_.texts) {
+      double baseline = (kPaperEdge + placed.top) * scale + metrics.ascent();
+      for (const QString& line : ToQt(placed.text).split(u'\n')) {
+        const double middle = (painter_.device()->width() - metrics.horizontalAdvance(line)) / 2;
+        painter_.drawText(QPointF(placed.left ? *placed.left * scale : middle, baseline), line);
+        baseline += metrics.lineSpacing();
+      }
     }
   }
 

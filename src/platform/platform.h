@@ -37,6 +37,13 @@ struct Margins {
   int top, bottom, left, right;
 };
 
+// A text at a place of its own, in Arial 12 bold.  Its lines are not broken.
+struct PlacedText {
+  std::string text;
+  std::optional<double> left{};  // centimetres from the paper's edge; none: in the middle
+  double top;                    // likewise
+};
+
 // One sheet to be printed.  In header and footer "/c" centres what follows, "/r" sets it right,
 // "/p" is the page number and "/n" a new line.
 struct PrintJob {
@@ -46,6 +53,7 @@ struct PrintJob {
   bool grid_lines = false;
   std::vector<double> row_heights{};    // points, from row 1 on; the usual height below the last
   std::vector<double> column_widths{};  // characters, likewise; else as wide as the texts
+  std::vector<PlacedText> texts{};      // beside the sheet
   bool colour = true;
   Margins margins{1440, 1440, 720, 720};  // twips
   std::string name = "Quorval";

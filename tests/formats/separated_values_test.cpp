@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "formats/read_worksheet.h"
+#include "formats/worksheet_file.h"
 #include "support/temporary_folder.h"
 
 namespace quorval {
@@ -137,7 +137,7 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"a quote inside a value", "a.tsv", "x\n5\" tube\n", "quote"},
         Refused{"a value without end", "a.csv", "\"" + Repeated("0123456789abcdef", 80000),
                 "1 MiB"},
-        Refused{"an unknown extension", "a.dat", "x\n1\n", "none of .csv"},
+        Refused{"an unknown extension", "a.dat", "x\n1\n", "none of .xls .xlsx .ods .csv"},
         Refused{"no extension", "csv", "x\n1\n", "extension"}));
 
 TEST(ReadWorksheet, RefusesWhatIsNoFile) {

@@ -1,0 +1,21 @@
+// Files of the worksheet and of results, by the extension of their names.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <string>
+
+#include "app/workbench.h"
+
+namespace quorval {
+
+// All throw Unusable where the file cannot be written.
+
+// The worksheet, as a project where the extension is .qvl.
+void WriteWorksheetFile(const std::string& file, const Workbench& workbench);
+// A results sheet as a results file, whatever its extension.
+void WriteResultsFile(const std::string& file, const Grid& sheet);
+// A results sheet as another program's file.
+void WriteExport(const std::string& file, const Grid& sheet);
+
+}  // namespace quorval

@@ -1,0 +1,23 @@
+// OpenDocument spreadsheets (ISO/IEC 26300), ".ods": read only.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "core/worksheet.h"
+
+namespace quorval {
+
+// Whether the file's content, whatever its name, is such a spreadsheet.
+bool IsOds(const std::filesystem::path& path);
+
+// The names of the sheets, in order.  Throws a FileError.
+std::vector<std::string> OdsSheetNames(const std::filesystem::path& path);
+
+// The first sheet.  Its first row becomes row 0; dates become texts ("2024-02-29", with " 13:45:00"
+// where there is a time of day), formulas their stored values.  Throws a FileError for a file that
+// is damaged or no such spreadsheet, and for cells beyond the worksheet.
+Worksheet ReadOds(const std::filesystem::path& path);
+
+}  // namespace quorval

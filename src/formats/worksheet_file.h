@@ -1,0 +1,23 @@
+// Reading and writing sheets as files of other programs, by the extension of the file's name.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "core/worksheet.h"
+
+namespace quorval {
+
+// The first row of the file becomes row 0.  Where the file cannot be used the worksheet stays as it
+// was, and what is returned says why, naming the file.
+std::optional<std::string> ReadWorksheet(const std::filesystem::path& path, Worksheet& worksheet);
+
+// The numbers with all their digits.  The old file stands as it was where it cannot be replaced;
+// what is returned says why.
+std::optional<std::string> WriteGrid(const std::filesystem::path& path, const Grid& grid);
+
+// Whether WriteGrid() knows the extension.
+bool CanWrite(const std::filesystem::path& path);
+
+}  // namespace quorval
