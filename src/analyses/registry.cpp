@@ -18,7 +18,7 @@ constexpr MenuEntry kStatisticsMenu[] = {
     {"&Control Chart"},
     {"&Difference Plot (Bland-Altman)", &difference::kDifference},
     {"&Ord. Least Squares Regression Analysis", &regression::kOls},
-    {"&Weighted  Least Squares Regression Analysis"},
+    {"&Weighted  Least Squares Regression Analysis", &regression::kWls},
     {"D&eming Regression Analysis"},
     {"Weighted De&ming Regression Analysis"},
     {"Passing-Bablok regression"},

@@ -32,7 +32,7 @@ constexpr Field kFields[] = {
 constexpr Rule kRules[] = {
     kFirstColumnsRule,
     kLastColumnsRule,
-    {[](const Form& form) { return form.Number(kOutlierLimit) <= 0; },
+    {[](const Form& form) { return form.Number32(kOutlierLimit) <= 0; },
      "Negative value for Outlier limit not allowed!"},
 };
 

@@ -1,0 +1,29 @@
+// Weights for an error that grows with the concentration.
+#pragma once
+
+#include "analyses/regression/regression.h"
+
+namespace quorval::regression {
+
+// Each method has its own captions for these.
+inline constexpr Field kWeightingExponent{.key = "weighting-exponent", .initial = "2"};
+inline constexpr Field kTruncationLimit{.key = "truncation-limit", .initial = "0"};
+
+// A point at u weighs 1 / u^P, and not more than at T where T is above 0.
+struct Weighting {
+  Single P, T;
+  Real At(Real u) const { return 1 / Pow(u, P); }
+};
+
+inline Weighting TakeWeighting(const Form& form) {
+  return {form.Number32(kWeightingExponent), form.Number32(kTruncationLimit)};
+}
+
+inline void RefuseNegativeOrZero(const Run& run, std::span<const Real> x, std::span<const Real> y,
+                                 std::string_view words) {
+  const auto not_positive = [](Real value) { return value <= 0; };
+  if (std::ranges::any_of(x, not_positive) || std::ranges::any_of(y, not_positive))
+    run.Refuse(words);
+}
+
+}  // namespace quorval::regression
