@@ -121,10 +121,14 @@ void WriteHead(Run& run, std::string_view title, const Pairs& data) {
     sheet.Row(9, "  y1: Col no.", data.columns[2]);
     sheet.Row(10, "  y2: Col no.", data.columns[3]);
   } else {
-    sheet.Row(6, "  Number of (x, y) data points", data.Count());
-    sheet.Row(7, "  x: Col no.", data.columns[0]);
-    sheet.Row(8, "  y: Col no.", data.columns[1]);
+    WriteSingleColumns(run, data);
   }
+}
+
+void WriteSingleColumns(Run& run, const Pairs& data) {
+  run.sheet.Row(6, "  Number of (x, y) data points", data.Count());
+  run.sheet.Row(7, "  x: Col no.", data.columns[0]);
+  run.sheet.Row(8, "  y: Col no.", data.columns[1]);
 }
 
 void WriteSlope(Run& run, int row, const Test& slope) {

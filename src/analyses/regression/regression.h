@@ -146,6 +146,8 @@ struct Residuals {
 
 // Rows 2 to 10: the title, the number of points and the columns.
 void WriteHead(Run& run, std::string_view title, const Pairs& data);
+// Rows 6 to 8 of the single form.
+void WriteSingleColumns(Run& run, const Pairs& data);
 
 // Five rows each: the estimate, its SE and limits, and the test.
 void WriteSlope(Run& run, int row, const Test& slope);

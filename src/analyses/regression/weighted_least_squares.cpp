@@ -82,7 +82,8 @@ void RunWls(Run& run) {
   const Pairs data = ReadPairs(run);
   const auto& x = data.x;
   const auto& y = data.y;
-  RefuseNegativeOrZero(run, x, y, " Negative or zero numbers: No regression analysis ");
+  for (const Sample& values : {x, y})
+    RefuseNegativeOrZero(run, values, " Negative or zero numbers: No regression analysis ");
   const Levels levels = PlaceLevels(form, RangeOfAbscissae(run, data, 3));
   const Weighting weighting = TakeWeighting(form);
   const std::optional<WeightedLineFit> fit = FitWeightedLeastSquares(x, y, weighting);

@@ -19,11 +19,9 @@ inline Weighting TakeWeighting(const Form& form) {
   return {form.Number32(kWeightingExponent), form.Number32(kTruncationLimit)};
 }
 
-inline void RefuseNegativeOrZero(const Run& run, std::span<const Real> x, std::span<const Real> y,
+inline void RefuseNegativeOrZero(const Run& run, std::span<const Real> values,
                                  std::string_view words) {
-  const auto not_positive = [](Real value) { return value <= 0; };
-  if (std::ranges::any_of(x, not_positive) || std::ranges::any_of(y, not_positive))
-    run.Refuse(words);
+  if (std::ranges::any_of(values, [](Real value) { return value <= 0; })) run.Refuse(words);
 }
 
 }  // namespace quorval::regression
