@@ -21,7 +21,7 @@ constexpr MenuEntry kStatisticsMenu[] = {
     {"&Weighted  Least Squares Regression Analysis", &regression::kWls},
     {"D&eming Regression Analysis", &regression::kDeming},
     {"Weighted De&ming Regression Analysis", &regression::kWeightedDeming},
-    {"Passing-Bablok regression"},
+    {"Passing-Bablok regression", &regression::kPassingBablok},
     {"Polynomial Regression Analysis"},
     {"&Reference Interval", &reference::kReference},
     {"D&iagnostic test Evaluation"},
