@@ -11,6 +11,8 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 // So many slopes are gathered at once; it costs about as much as an order of 9999 points.
 constexpr std::int64_t kGathered = 50'000;
+// Slopes that are equal can be more; these take 16 MB.
+constexpr std::int64_t kMostGathered = 2'000'000;
 
 // A merge sort by the keys, from the order that the points stand in.  It visits each pair that
 // changes places, as (the earlier ones, the later one).
@@ -184,26 +186,28 @@ std::pair<double, double> PairSlopes::SampledBracket(std::int64_t rank) {
 }
 
 // Brings lo and hi nearer to the rank's slope until not too many are between; false where an order
-// cannot be had.
+// cannot be had, or equal slopes keep too many there.
 bool PairSlopes::Narrow(Order& lo, Order& hi, std::int64_t rank) const {
-  double margin = 0.02;
-  while (hi.below - lo.below > kGathered) {
-    const double width = hi.t - lo.t;
-    const double part =
-        static_cast<double>(rank - lo.below) / static_cast<double>(hi.below - lo.below);
-    const double start = lo.t;
+  constexpr double kLeastMargin = 0.02;
+  double margin = kLeastMargin;
+  for (std::int64_t between = hi.below - lo.below; between > kGathered;) {
+    const double start = lo.t, width = hi.t - lo.t;
+    const double part = static_cast<double>(rank - lo.below) / static_cast<double>(between);
     bool from_below = false, from_above = false;
     for (double at : {part - margin, part + margin}) {
       const double t = start + at * width;
       if (t <= lo.t || t >= hi.t) continue;
       auto order = OrderNear(t, width * 0x1p-20);
-      if (!order || order->t <= lo.t || order->t >= hi.t) return false;
+      if (!order || order->t >= hi.t) return hi.below - lo.below <= kMostGathered;
       const bool below = order->below < rank;
       (below ? from_below : from_above) = true;
       (below ? lo : hi) = std::move(*order);
     }
-    if (!from_below && !from_above && margin > 1) return false;
-    if (!from_below || !from_above) margin *= 2;
+    margin = from_below && from_above ? kLeastMargin : std::min(2 * margin, 0.45);
+    const std::int64_t left = hi.below - lo.below;
+    const bool stuck = left > between - between / 10;
+    if (stuck && left <= kMostGathered) return true;
+    between = left;
   }
   return true;
 }
