@@ -22,7 +22,7 @@ constexpr MenuEntry kStatisticsMenu[] = {
     {"D&eming Regression Analysis", &regression::kDeming},
     {"Weighted De&ming Regression Analysis", &regression::kWeightedDeming},
     {"Passing-Bablok regression", &regression::kPassingBablok},
-    {"Polynomial Regression Analysis"},
+    {"Polynomial Regression Analysis", &regression::kPolynomial},
     {"&Reference Interval", &reference::kReference},
     {"D&iagnostic test Evaluation"},
     {"&Comparison of Diagnostic tests"},

@@ -27,6 +27,11 @@ void ResultsSheet::Put(int row, int column, Bold heading) {
   grid_.Edit(column, row).look.bold = true;
 }
 
+void ResultsSheet::Put(int row, int column, Italic heading) {
+  Put(row, column, heading.text);
+  grid_.Edit(column, row).look.italic = true;
+}
+
 void ResultsSheet::Put(int row, int column, int count) {
   grid_.Edit(column, row) = EditNumber(count);
 }
