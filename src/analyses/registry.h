@@ -45,6 +45,11 @@ extern const Analysis kDifference;
 
 namespace regression {
 extern const Analysis kOls;
+extern const Analysis kWls;
+extern const Analysis kDeming;
+extern const Analysis kWeightedDeming;
+extern const Analysis kPassingBablok;
+extern const Analysis kPolynomial;
 }  // namespace regression
 
 namespace reference {

@@ -104,5 +104,8 @@ inline Sample ToReals(std::span<const Single> values) { return {values.begin(), 
 inline Real Sum(std::span<const Real> values) {
   return std::accumulate(values.begin(), values.end(), Real());
 }
+inline Real Sum(std::span<const Single> values) {
+  return std::accumulate(values.begin(), values.end(), Real());
+}
 
 }  // namespace quorval

@@ -33,6 +33,11 @@ void ResultsSheet::Put(int row, int column, Bold heading) {
   Edit(row, column).look.bold = true;
 }
 
+void ResultsSheet::Put(int row, int column, Italic heading) {
+  Put(row, column, heading.text);
+  Edit(row, column).look.italic = true;
+}
+
 void ResultsSheet::Put(int row, int column, int count) { Edit(row, column) = EditNumber(count); }
 
 void ResultsSheet::Put(int row, int column, Real number) {

@@ -16,6 +16,11 @@ struct Bold {
   std::string_view text;
 };
 
+// A text in italics.
+struct Italic {
+  std::string_view text;
+};
+
 // The row in whose third column a sheet has its blank for the date.
 enum class DateBeside { kAnalyst = 4, kAnalyte = 5 };
 
@@ -54,6 +59,7 @@ class ResultsSheet {
   void Put(int, int, Blank) {}
   void Put(int row, int column, std::string_view text);
   void Put(int row, int column, Bold heading);
+  void Put(int row, int column, Italic heading);
   void Put(int row, int column, int count);
   // A Fault when the decimals are no whole number from 0 to 30.
   void Put(int row, int column, Real number);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -8,6 +9,7 @@
 #include "core/form.h"
 #include "core/messages.h"
 #include "core/plot.h"
+#include "core/rejection.h"
 #include "core/results_sheet.h"
 #include "core/worksheet.h"
 
@@ -20,7 +22,9 @@ struct Run {
   const Context& context;
   Messages& messages;
   ResultsSheet& sheet;
-  std::vector<Plot> plots{};  // in the order in which they were filled
+  const Rejection* repeated = nullptr;   // a re-analysis: its data are what this one retained
+  std::vector<Plot> plots{};             // in the order in which they were filled
+  std::optional<Rejection> rejection{};  // where points were marked that a repetition may leave out
 
   [[noreturn]] void Refuse(std::string_view words) const {
     messages.Tell(words);

@@ -1,10 +1,12 @@
 #include "analyses/regression/fit_least_squares.h"
 
+#include <algorithm>
+
 namespace quorval::regression {
 
 std::optional<LineFit> FitLeastSquares(std::span<const Real> x, std::span<const Real> y) {
   LineFit fit;
-  const Real n = fit.n = x.size();
+  const Real n = fit.Sw = x.size();
   const Real mean_x = fit.mean_x = Sum(x) / n;
   const Real mean_y = Sum(y) / n;
 
@@ -26,15 +28,11 @@ std::optional<LineFit> FitLeastSquares(std::span<const Real> x, std::span<const 
   return fit;
 }
 
-Bands ComputeBands(const LineFit& fit, const BandPositions& positions, Real tcrit) {
-  Bands bands{.u = positions};
-  for (std::size_t k = 0; k < positions.size(); ++k) {
-    const Real margin = tcrit * fit.SeAt(positions[k]);
-    bands.estimate[k] = fit.At(positions[k]);
-    bands.lower[k] = bands.estimate[k] - margin;
-    bands.upper[k] = bands.estimate[k] + margin;
-  }
-  return bands;
+Estimates EstimateAt(const LineFit& fit, const Levels& levels) {
+  const auto at = [&](Real u) { return Estimate{fit.At(u), fit.SeAt(u)}; };
+  Estimates estimates{.Yc1 = at(levels.Xc1.x), .Yc2 = at(levels.Xc2.x)};
+  std::ranges::transform(levels.u, estimates.bands.begin(), at);
+  return estimates;
 }
 
 }  // namespace quorval::regression

@@ -32,7 +32,7 @@ constexpr Field kFields[] = {
 constexpr Rule kRules[] = {
     kFirstColumnsRule,
     kLastColumnsRule,
-    {[](const Form& form) { return form.Number(kOutlierLimit) <= 0; },
+    {[](const Form& form) { return form.Number32(kOutlierLimit) <= 0; },
      "Negative value for Outlier limit not allowed!"},
 };
 
@@ -52,71 +52,49 @@ void RunOls(Run& run) {
   const Pairs data = ReadPairs(run);
   const auto& x = data.x;
   const auto& y = data.y;
-  const Real n = data.Count();
-  if (n < 3) run.Refuse(" n < 3: No regression analysis");
-  const Range range = RangeOf(x);
-  if (range.min == range.max) run.Refuse(" No dispersion of x values: no regression analysis ");
-
-  const CriticalValue Xc1 = TakeCriticalValue(form, kXc1, range, 0.25);
-  const CriticalValue Xc2 = TakeCriticalValue(form, kXc2, range, 0.75);
+  const Levels levels = PlaceLevels(form, RangeOfAbscissae(run, data, 3));
   const std::optional<LineFit> fit = FitLeastSquares(x, y);
   if (!fit) run.Refuse("  Regression result could not be computed ");
-  const Real df = n - 2;
+  const Estimates estimates = EstimateAt(*fit, levels);
+  const Real df = data.Count() - 2;
   const Real r = PearsonR(run.messages, x, y);
   const Test slope = TestAgainst(1, fit->b, fit->se_b, df);
 
   ResultsSheet& sheet = run.sheet;
   sheet.Clear();
   WriteHead(run, "  Results of Ordinary Least-Squares Regression Analysis", data);
-  sheet.Row(11, "  Slope b", slope.estimate);
-  sheet.Row(12, "  SE b", slope.se);
-  sheet.Row(13, "  95%-Conf. Int.", slope.lower, slope.upper);
-  sheet.Row(14, "  Test for slope deviation from 1");
-  sheet.Row(15, "  t  and  P", slope.t, slope.P);
+  WriteSlope(run, 11, slope);
   sheet.Row(16, "  Correlation coefficient", r, CorrelationPClass(df, r));
 
-  Sample e;
-  for (std::size_t i = 0; i < x.size(); ++i) e.push_back(y[i] - fit->At(x[i]));
+  Residuals residuals;
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    residuals.estimate.push_back(fit->At(x[i]));
+    residuals.e.push_back(y[i] - fit->At(x[i]));
+  }
   // The SDyx shown, and the unit of z; the fit's own stays in the standard errors.
-  const Real SDyx = DescribeSample(run.messages, e).sd * Sqrt((n - 1) / (n - 2));
+  const Real SDyx = ResidualSD(run, residuals.e);
   sheet.Row(17, "  SDyx", SDyx);
-  sheet.Row(18, "  Test for dev. from linearity", RunsTestClass(run.messages, e));
+  sheet.Row(18, "  Test for dev. from linearity", RunsTestClass(run.messages, residuals.e));
+  WriteIntercept(run, 19, TestAgainst(0, fit->a0, fit->se_a0, df));
+  WriteCriticalValues(run, 24, levels, estimates);
 
-  const Test intercept = TestAgainst(0, fit->a0, fit->se_a0, df);
-  sheet.Row(19, "  Intercept  a0", intercept.estimate);
-  sheet.Row(20, "  SE a0", intercept.se);
-  sheet.Row(21, "  95%-Conf. Int.", intercept.lower, intercept.upper);
-  sheet.Row(22, "  Test for intercept deviation from 0");
-  sheet.Row(23, "  t  and  P", intercept.t, intercept.P);
-  if (Xc1.shown) {
-    sheet.Row(24, "  Critical value Xc1", Xc1.x);
-    sheet.Row(25, "  Difference Yc1 - Xc1 with SE", fit->At(Xc1.x) - Xc1.x, fit->SeAt(Xc1.x));
-  }
-  if (Xc2.shown) {
-    sheet.Row(26, "  Critical value Xc2", Xc2.x);
-    sheet.Row(27, "  Difference Yc2 - Xc2 with SE", fit->At(Xc2.x) - Xc2.x, fit->SeAt(Xc2.x));
-  }
+  for (Real e : residuals.e) residuals.z.push_back(e / SDyx);
+  // By the SD around the residuals' mean: not by z.
+  const OutlierMarks outliers = MarkOutliers(run, residuals.e);
+  WriteOutliers(run, {.count = 28, .first = 31, .more = 41}, outliers, data);
 
-  Sample z;
-  for (Real residual : e) z.push_back(residual / SDyx);
-  // On a 32-bit copy, and by the SD around the residuals' mean: not by z.
-  const OutlierMarks outliers =
-      MarkOutliersBySD(run.messages, form.Number32(kOutlierLimit), ToSingles(e));
-  WriteOutliers(run, 28, outliers, data);
-
-  const Bands bands = ComputeBands(*fit, PlaceBands(range), CriticalT05(df));
+  const Bands bands = ComputeBands(levels, estimates, CriticalT05(df));
   if (form.On(kShowBands)) WriteBands(run, 42, "Estim y", bands);
-  if (form.On(kShowResiduals)) {
-    sheet.Row(55, "x value", "y value", "Estim. y ", "Res. (y-(a0+bx)",
-              "St. res.((y-(a0+bx))/SDy.x)");
-    for (std::size_t i = 0; i < x.size(); ++i)
-      sheet.Row(56 + static_cast<int>(i), x[i], y[i], fit->At(x[i]), e[i], z[i]);
-  }
+  if (form.On(kShowResiduals))
+    WriteResiduals(
+        run, 55,
+        {"x value", "y value", "Estim. y ", "Res. (y-(a0+bx)", "St. res.((y-(a0+bx))/SDy.x)"}, data,
+        residuals);
 
   DrawXYPlot(run, "X-Y plot Ord. least-squares reg. analysis", data, outliers,
              {.a0 = fit->a0, .b = fit->b},
              form.On(kPlotBands) ? std::optional(bands) : std::nullopt);
-  DrawResidualPlot(run, x, z, outliers);
+  DrawResidualPlot(run, x, residuals.z, outliers);
 }
 
 constexpr Procedure MCstatF1s[] = {{

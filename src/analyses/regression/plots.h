@@ -18,4 +18,8 @@ void DrawXYPlot(Run& run, std::string_view caption, const Pairs& data, const Out
 void DrawResidualPlot(Run& run, std::span<const Real> abscissae, std::span<const Real> z,
                       const OutlierMarks& outliers);
 
+// The same without outliers and bands; both series of points hold all of them.
+void DrawUnmarkedXYPlot(Run& run, std::string_view caption, const Pairs& data, RedrawnLines line);
+void DrawUnmarkedResidualPlot(Run& run, std::span<const Real> abscissae, std::span<const Real> z);
+
 }  // namespace quorval::regression

@@ -37,6 +37,8 @@ inline constexpr Field kShowBands{.key = "show-bands", .kind = FieldKind::kCheck
 inline constexpr Field kPlotBands{.key = "plot-bands", .kind = FieldKind::kCheck, .initial = "on"};
 
 inline constexpr std::string_view kColumnRefused = "Selected column no. not allowed!";
+inline constexpr Rule kIdColumnRule{
+    [](const Form& form) { return !form.Blank(Text9) && form.Number(Text9) < 1; }, kColumnRefused};
 inline constexpr Rule kFirstColumnsRule{
     [](const Form& form) { return form.Number(Text10) < 1 || form.Number(Text11) < 1; },
     kColumnRefused};
@@ -63,12 +65,16 @@ inline constexpr std::array<PlotJob, 1> kPlotJobs{{{.pictures = kPictures}}};
 struct Pairs {
   Sample x{}, y{};  // in the duplicate form the means of the replicates
   Texts ids{};
-  std::array<int, 4> columns{};        // as PairColumns::numbers
-  std::array<Sample, 4> replicates{};  // x1, x2, y1, y2; the duplicate form only
+  std::array<int, 4> columns{};      // as PairColumns::numbers
+  std::array<Sample, 4> measured{};  // x and y, or x1, x2, y1, y2
   int Count() const { return static_cast<int>(x.size()); }
 };
 
+// The columns of the dialog; in a re-analysis the points that the first run retained.
 Pairs ReadPairs(Run& run);
+
+// The range of x; refuses fewer than `least` points and an x without dispersion.
+Range RangeOfAbscissae(const Run& run, const Pairs& data, int least);
 
 // A medical decision level on the x axis.
 struct CriticalValue {
@@ -76,20 +82,39 @@ struct CriticalValue {
   bool shown = false;  // on the sheet: it was given, and lies within the range of x
 };
 
-// The field's 32-bit value; where it is empty or out of range a place at `fraction` of the range.
-CriticalValue TakeCriticalValue(const Form& form, const Field& field, const Range& range,
-                                Real fraction);
-
 // Eleven abscissae from the smallest x to the largest, at tenths of the range.
 using BandPositions = std::array<Real, 11>;
-BandPositions PlaceBands(const Range& range);
+
+// Where y is estimated.
+struct Levels {
+  CriticalValue Xc1, Xc2;
+  BandPositions u;
+};
+
+// A critical value is the field's 32-bit value; where that is empty or out of range, a quarter and
+// three quarters of the range stand in.
+Levels PlaceLevels(const Form& form, const Range& range);
+
+// An estimated y with its standard error.
+struct Estimate {
+  Real y, se;
+};
+
+// The estimates at Levels.
+struct Estimates {
+  Estimate Yc1, Yc2;
+  std::array<Estimate, 11> bands{};
+};
 
 struct Bands {
   BandPositions u;  // abscissae
   std::array<Real, 11> estimate{}, lower{}, upper{};
 };
 
-// --- Tests of an estimate
+// The 95 % confidence bands.
+Bands ComputeBands(const Levels& levels, const Estimates& estimates, Real tcrit);
+
+// --- Tests and residuals
 
 struct Test {
   Real estimate, se;
@@ -101,15 +126,45 @@ struct Test {
 // Student's t of the estimate against its expected value.  A SE of 0 is a Fault.
 Test TestAgainst(Real expected, Real estimate, Real se, Real df);
 
+// The SD of residuals from a fitted line, n - 2 degrees of freedom.
+Real ResidualSD(Run& run, std::span<const Real> residuals);
+
+// By the limit of the dialog, on a 32-bit copy of the residuals.
+OutlierMarks MarkOutliers(Run& run, std::span<const Real> residuals);
+
+// Sorts the points by their marks for a re-analysis.
+void KeepForReanalysis(Run& run, const Pairs& data, const OutlierMarks& outliers);
+
+// What the tables and plots show of the points.
+struct Residuals {
+  Sample estimate;  // of y
+  Sample e;         // vertical
+  Sample z;         // standardised
+};
+
 // --- Rows of the sheets
 
 // Rows 2 to 10: the title, the number of points and the columns.
 void WriteHead(Run& run, std::string_view title, const Pairs& data);
+// Rows 6 to 8 of the single form.
+void WriteSingleColumns(Run& run, const Pairs& data);
 
-// From `row` on: the count, the limit and, with a row between, up to five of the marked points.
-void WriteOutliers(Run& run, int row, const OutlierMarks& outliers, const Pairs& data);
+// Five rows each: the estimate, its SE and limits, and the test.
+void WriteSlope(Run& run, int row, const Test& slope);
+void WriteIntercept(Run& run, int row, const Test& intercept);
 
-// The header in `row`, a line for each position below it.
+// Two rows for each critical value that is shown.
+void WriteCriticalValues(Run& run, int row, const Levels& levels, const Estimates& estimates);
+
+void WriteOutliers(Run& run, const OutlierRows& rows, const OutlierMarks& outliers,
+                   const Pairs& data);
+
+// The header in `row`, a line for each position below it.  Without a heading the table has no
+// estimates.
 void WriteBands(Run& run, int row, std::string_view estimate_heading, const Bands& bands);
+
+// The header in `row`, a line for each point below it: x, y, estimate, e and z.
+void WriteResiduals(Run& run, int row, const std::array<std::string_view, 5>& headings,
+                    const Pairs& data, const Residuals& residuals);
 
 }  // namespace quorval::regression

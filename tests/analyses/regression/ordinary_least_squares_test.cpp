@@ -1,11 +1,7 @@
 // Expected numbers come from tests/independent/ordinary_least_squares.py, which sums Sxx in 32
 // bits.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "analyses/registry.h"
-#include "app/example_data.h"
-#include "support/transcript.h"
+#include "analyses/regression/regression_data.h"
 
 namespace quorval::test {
 namespace {
@@ -17,54 +13,6 @@ using testing::IsEmpty;
 using testing::SizeIs;
 
 constexpr double kDigits = 1e-12;
-
-Columns SingleSet() { return {TextsOf(example_data::kA), TextsOf(example_data::kB)}; }
-Columns DuplicateSet() {
-  return {TextsOf(example_data::kA), TextsOf(example_data::kC), TextsOf(example_data::kB),
-          TextsOf(example_data::kD)};
-}
-
-// 40 points on the line y = x with small residuals, and six points 8 above or below it.
-Columns WithSixOutliers() {
-  constexpr std::array<double, 6> kSmall{0.25, -0.5, 0.125, -0.125, 0.5, -0.25};
-  std::vector<double> x, y;
-  for (int i = 0; i < 40; ++i) {
-    x.push_back(i + 1);
-    y.push_back(x.back() + kSmall[static_cast<std::size_t>(i % 6)]);
-    if (i % 7 == 2) y.back() += i % 2 == 0 ? 8 : -8;
-  }
-  return {TextsOf(x), TextsOf(y)};
-}
-
-struct Number {
-  int row, column;
-  double value;
-};
-
-void ExpectNumbers(const Transcript& told, std::initializer_list<Number> numbers) {
-  for (const auto& [row, column, value] : numbers) {
-    EXPECT_THAT(told.Value(row, column), DoubleNear(value, kDigits)) << row << ", " << column;
-    EXPECT_EQ(told.sheet.At(column, row).look.type, CellType::kNumber) << row << ", " << column;
-  }
-}
-
-// The texts of columns 1 to 3; an empty one is not looked at, but in column 1.
-struct Label {
-  int row;
-  std::string_view first, second{}, third{};
-};
-
-void ExpectLabels(const Transcript& told, std::initializer_list<Label> labels) {
-  for (const auto& [row, first, second, third] : labels) {
-    EXPECT_EQ(told.Text(row, 1), first) << row;
-    if (!second.empty()) {
-      EXPECT_EQ(told.Text(row, 2), second) << row;
-    }
-    if (!third.empty()) {
-      EXPECT_EQ(told.Text(row, 3), third) << row;
-    }
-  }
-}
 
 TEST(Ols, WritesItsSheetRowByRow) {
   Context context;
@@ -254,14 +202,6 @@ TEST(Ols, EqualsTheSingleModeOnEqualReplicates) {
 }
 
 // --- Refusals and failures
-
-struct Refused {
-  std::string_view what;
-  Columns columns;
-  Settings settings;
-  std::vector<std::string> boxes;
-  int last_row = 0;  // of the sheet that remains
-};
 
 class OlsRefuses : public testing::TestWithParam<Refused> {};
 

@@ -1,0 +1,329 @@
+// Polynomial regression of y on x, degree 1 to 5.
+//
+// Reads two columns and sorts the pairs by x.  Writes rows 2 to 36 of the sheet and an optional
+// table, and the plots frmPolynRegPlot and frmPolynResPlot.  Everything is computed before the
+// sheet is written.
+#include "stats/polynomial.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <optional>
+#include <string>
+
+#include "analyses/method_comparison.h"
+#include "analyses/registry.h"
+#include "core/conversion.h"
+#include "stats/f_distribution.h"
+#include "stats/significance.h"
+
+namespace quorval::regression {
+namespace {
+
+// --- Options
+
+constexpr Field kXColumn{.key = "x-column", .caption = "X values  Col no.: ", .initial = "2"};
+constexpr Field kYColumn{.key = "y-column", .caption = "Y values  Col. no.:", .initial = "3"};
+constexpr Field kLimit{
+    .key = "outlier-limit", .caption = "No. of SD units for outlier:", .initial = "4"};
+constexpr Field kXValue{
+    .key = "x-value",
+    .caption =
+        "Optional entry of X value for computation of Yest (this does not influence the "
+        "estimation of the polynomium)"};
+
+constexpr Choice kDegrees[] = {
+    {"1", "First degree (Y = b0 + b1 X)"},
+    {"2", "Second degree (Y = b0 + b1 X + b2 X^2)"},
+    {"3", "Third degree (Y = b0 + b1 X + b2 X^2 + b3 X^3)"},
+    {"4", "Fourth degree (Y = b0 + b1 X + b2X^2 + b3  X^3 + b4 X^4)"},
+    {"5", "Fifth degree (Y = b0 + b1 X + b2 X^2 + b3 X^3 + b4 X^4 + b5 X^5)"},
+};
+constexpr Field kDegree{.key = "degree",
+                        .kind = FieldKind::kChoice,
+                        .group = "Polynomium order:",
+                        .initial = "2",
+                        .choices = kDegrees};
+constexpr Field kShowValues{.key = "show-values",
+                            .kind = FieldKind::kCheck,
+                            .caption = "Show X, Y, Y estimated (Yest) and (Y-Yest)",
+                            .initial = "off"};
+constexpr Field kShowLimits{.key = "show-limits",
+                            .kind = FieldKind::kCheck,
+                            .caption = "Show polynomium+/-t-95% SDy.x",
+                            .initial = "off"};
+
+constexpr Field kFields[] = {kXColumn, kYColumn,    kLimit,     kXValue,
+                             kDegree,  kShowValues, kShowLimits};
+
+constexpr Dialog kDialog{
+    .window = "frmPolynRegO", .title = "Polynomial Regression Analysis", .fields = kFields};
+static_assert(WellFormed(kDialog));
+
+// The whole text as a 32-bit number; a Fault on a word.
+Single Number32(const Form& form, const Field& field) { return Single(ToNumber(form.Text(field))); }
+
+// --- The data
+
+struct OrderedPairs {
+  Sample x, y;  // by x; points of equal x in the order of the worksheet
+};
+
+OrderedPairs Sort(std::span<const Real> x, std::span<const Real> y) {
+  std::vector<std::size_t> order(x.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::ranges::stable_sort(order, [&](std::size_t i, std::size_t j) { return x[i] < x[j]; });
+  OrderedPairs points;
+  for (std::size_t i : order) {
+    points.x.push_back(x[i]);
+    points.y.push_back(y[i]);
+  }
+  return points;
+}
+
+OrderedPairs ReadPairs(Run& run) {
+  const Texts x = ReadColumn(run, run.form.Column(kXColumn)).values;
+  const Texts y = ReadColumn(run, run.form.Column(kYColumn)).values;
+  if (x.size() != y.size()) run.Refuse(" Unequal numbers of x and y values: No analysis");
+  if (x.size() < 3) run.Refuse(" N < 3: No analysis ");
+  return Sort(ToNumbers(x), ToNumbers(y));
+}
+
+// --- The computation
+
+struct FTest {
+  Real F, P;
+};
+
+struct Results {
+  int degree = 0;
+  int df = 0;  // of the residuals
+  Polynomial polynomial{};
+  Sample estimate{}, e{};
+  Real SSreg, SSres;
+  Real m2sq, m1sq;  // mean squares, of the regression and of the residuals
+  Real SDyx;
+  Real R;
+  std::optional<FTest> general{}, last_coefficient{};
+  OutlierMarks outliers{};
+  Real t95;
+};
+
+void SumUp(Results& results, const OrderedPairs& points) {
+  const Real mean = Sum(points.y) / points.y.size();
+  for (std::size_t i = 0; i < points.x.size(); ++i) {
+    const Real estimate = results.estimate.emplace_back(results.polynomial.At(points.x[i]));
+    const Real e = results.e.emplace_back(points.y[i] - estimate);
+    results.SSreg += Square(estimate - mean);
+    results.SSres += Square(e);
+  }
+  results.m2sq = results.SSreg / results.degree;
+  results.m1sq = results.SSres / results.df;
+  results.SDyx = Sqrt(results.m1sq);
+}
+
+// Whether the last coefficient is needed: against the fit of the next lower degree.
+std::optional<FTest> TestLastCoefficient(Run& run, const Results& results,
+                                         const OrderedPairs& points) {
+  const Polynomial lower = PolynomialFit(points.x, points.y, results.degree - 1);
+  const Real D = (Real(points.x.size()) - 1) * Square(lower.s) - results.SSres;
+  if (D < 0) {
+    run.messages.Tell("Supplementary F-test for last coefficient can not be performed");
+    return std::nullopt;
+  }
+  const Real F = D / (results.SSres / results.df);
+  return FTest{F, FUpperTail(1, results.df, F)};
+}
+
+void Test(Run& run, Results& results, const OrderedPairs& points) {
+  if (results.SSres == 0) {
+    run.messages.Tell("zero residuals variation: no F-test");
+    return;
+  }
+  const Real F = results.m2sq / results.m1sq;
+  results.general = FTest{F, FUpperTail(results.degree, results.df, F)};
+  if (results.degree > 1 && results.general->P < 0.05)
+    results.last_coefficient = TestLastCoefficient(run, results, points);
+}
+
+Results Compute(Run& run, const OrderedPairs& points, Single limit) {
+  const int n = static_cast<int>(points.x.size());
+  Results results;
+  results.degree = ToInt16(run.form.Text(kDegree));
+  if (results.degree > n - 2)
+    run.Refuse("Degree of polynomium is higher than sample size minus two: No analysis");
+  results.df = n - results.degree - 1;
+  results.polynomial = PolynomialFit(points.x, points.y, results.degree);
+  SumUp(results, points);
+  Test(run, results, points);
+  results.R = Sqrt(results.SSreg / (results.SSreg + results.SSres));
+  // The limit counts in SDy.x, the marking in SDs with n - 1 in the denominator.
+  const Real in_sds = limit * Sqrt(n - 1) / Sqrt(results.df);
+  results.outliers = MarkOutliersBySD(run.messages, in_sds, ToSingles(results.e));
+  results.t95 = CriticalT05(results.df);
+  return results;
+}
+
+// --- The sheet
+
+void WriteFit(Run& run, const Results& results, int n) {
+  ResultsSheet& sheet = run.sheet;
+  sheet.Row(2, Bold{"  Polynomial regression"});
+  sheet.Row(3, "  Degree", results.degree, "  Project: ", run.context.ProjectName);
+  sheet.Row(4, "  Number of obs.:", n);
+  sheet.Row(5, "  Coefficients:");
+  for (std::size_t j = 0; j < results.polynomial.b.size(); ++j)
+    sheet.Row(6 + static_cast<int>(j), "  b" + std::to_string(j) + ":", results.polynomial.b[j]);
+
+  constexpr Blank _;
+  constexpr std::string_view kDf = "D. f.: ";
+  sheet.Row(14, "  Sum of squares and mean squares:");
+  sheet.Row(15, "  Sum of Squares Regression: ", _, _, results.SSreg);
+  sheet.Row(16, "  Mean square Regression (m2sq): ", _, _, results.m2sq, kDf, results.degree);
+  sheet.Row(17, "  Sum of Squares Residual: ", _, _, results.SSres);
+  sheet.Row(18, "  Mean square Residuals (m1sq): ", _, _, results.m1sq, kDf, results.df);
+  sheet.Row(19, "  Residuals SD (SDy.x): ", _, _, results.SDyx);
+  sheet.Row(21, "  Generel F-test for the significance of polynomial regression: ");
+  constexpr std::string_view kRatio = "  F-Ratio: (m2sq/m1sq): ";
+  constexpr std::string_view kP = "  P:";
+  if (const auto& test = results.general) {
+    sheet.Row(23, kRatio, _, _, test->F, kP, test->P);
+  } else {
+    sheet.Row(23, kRatio, _, _, _, kP);
+  }
+  if (const auto& test = results.last_coefficient) {
+    sheet.Row(25, Italic{"  Supplementary F-test for the significance of the last coefficient:"});
+    sheet.Row(27, "  F-ratio last coef.:", _, test->F, kP, test->P);
+  }
+  sheet.Row(29, "  Correlation coefficient (R):", _, _, results.R);
+}
+
+// Returns the last row.
+int WriteOutliersAndEstimate(Run& run, const Results& results, Single limit,
+                             std::optional<Single> x) {
+  ResultsSheet& sheet = run.sheet;
+  constexpr Blank _;
+  if (results.outliers.count > 0) {
+    sheet.Row(31, " Number of outliers identified", _, _, results.outliers.count);
+  } else {
+    sheet.Row(31, "  No outliers identified");
+  }
+  sheet.Row(32, "Outlier limit (no. of SDs):", _, _, Real(limit));
+  if (!x) return 32;
+  sheet.Row(34, "Computed Y-value for entered X-value:");
+  sheet.Row(35, "Entered X value:", _, _, Real(*x));
+  sheet.Row(36, "Computed Yest:", _, _, results.polynomial.At(*x));
+  return 36;
+}
+
+void WriteValues(ResultsSheet& sheet, int row, const Results& results, const OrderedPairs& points) {
+  sheet.Row(row, "X values ordered", "Y values ordered", "Estim. Y values", "(Y-Yest)");
+  for (std::size_t i = 0; i < points.x.size(); ++i) {
+    sheet.Row(++row, points.x[i], points.y[i], results.estimate[i], results.e[i]);
+    for (int column = 1; column <= 4; ++column)
+      sheet.grid().Edit(column, row).look.bold = results.outliers.flags[i];
+  }
+  sheet.Row(row + 1, "Outliers in bold");
+}
+
+void WriteLimits(ResultsSheet& sheet, int row, const Results& results) {
+  sheet.Put(row, 6, "(Yest-t95 SDy.x)");
+  sheet.Put(row, 7, "(Yest+t95 SDy.x)");
+  const Real margin = results.t95 * results.SDyx;
+  for (Real estimate : results.estimate) {
+    ++row;
+    sheet.Put(row, 6, estimate - margin);
+    sheet.Put(row, 7, estimate + margin);
+  }
+  sheet.Put(row + 1, 6, "t95:");
+  sheet.Put(row + 1, 7, results.t95);
+}
+
+// --- The plots
+
+void DrawMarked(Plot& plot, const Sample& x, const Sample& y, const OutlierMarks& outliers) {
+  plot.AddPoints(Select(x, y, outliers, false));
+  if (outliers.count > 0) plot.AddPoints(Select(x, y, outliers, true), Mark::kCross);
+}
+
+void DrawRegression(Run& run, const Results& results, const OrderedPairs& points) {
+  constexpr int kCurvePoints = 100;
+  Plot& plot = run.AddPlot("frmPolynRegPlot", "Polynomial regression plot");
+  plot.x.title = "X";
+  plot.y.title = "Y";
+  DrawMarked(plot, points.x, points.y, results.outliers);
+  const auto add_curve = [&](Real above) {
+    const auto& [min, max] = RangeOf(points.x);
+    Points curve;
+    for (int i = 0; i < kCurvePoints; ++i) {
+      const Real x = min + i * (max - min) / (kCurvePoints - 1);
+      curve.push_back({x, results.polynomial.At(x) + above});
+    }
+    plot.AddLine(std::move(curve));
+  };
+  add_curve(0);
+  if (!run.form.On(kShowLimits)) return;
+  const Real margin = results.t95 * results.SDyx;
+  add_curve(-margin);
+  add_curve(margin);
+}
+
+void DrawResiduals(Run& run, const Results& results) {
+  Plot& plot = run.AddPlot("frmPolynResPlot", "Standardized residuals plot");
+  plot.x.title = "Estimated Y ";
+  plot.y.title = "Stand. residual";
+  Sample z;
+  for (Real e : results.e) z.push_back(results.SDyx == 0 ? e : e / results.SDyx);
+  DrawMarked(plot, results.estimate, z, results.outliers);
+}
+
+// --- The run
+
+void RunPolynomial(Run& run) {
+  const Form& form = run.form;
+  const OrderedPairs points = ReadPairs(run);
+  const Single limit = Number32(form, kLimit);
+  std::optional<Single> x;
+  if (!form.Blank(kXValue)) x = Number32(form, kXValue);
+  const Results results = Compute(run, points, limit);
+
+  run.sheet.Clear();
+  WriteFit(run, results, static_cast<int>(points.x.size()));
+  const int row = WriteOutliersAndEstimate(run, results, limit, x) + 2;
+  if (form.On(kShowValues) || form.On(kShowLimits))
+    run.sheet.Row(row, "Optional output of values:");
+  if (form.On(kShowValues)) WriteValues(run.sheet, row + 1, results, points);
+  if (form.On(kShowLimits)) WriteLimits(run.sheet, row + 1, results);
+  DrawRegression(run, results, points);
+  DrawResiduals(run, results);
+}
+
+constexpr std::array<std::string_view, 2> kPlotWindows{"frmPolynRegPlot", "frmPolynResPlot"};
+constexpr std::array<PlotPicture, 2> kPictures{{
+    {"frmPolynRegPlot", " Chart2D1.bmp", 350},
+    {"frmPolynResPlot", " Chart2D1Res.bmp", 150},
+}};
+constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
+
+constexpr Procedure kProcedures[] = {{
+    .window = "frmPolynReg",
+    .title = [](const Form&) { return std::string("Polynomial Regression Analysis"); },
+    .menu = {.back = "&Select Options"},
+    .print_header = "/cPolynomial regression/rPage #/p/n",
+    .plot_jobs = kPlotJobs,
+    .plot_windows = kPlotWindows,
+    .offers_tutorial = true,
+    .failure = {.fault = "Error", .aftermath = Aftermath::kWindowNotShown},
+    .run = RunPolynomial,
+}};
+
+}  // namespace
+
+constinit const Analysis kPolynomial{
+    .id = "polynomial",
+    .dialog = &kDialog,
+    .procedures = kProcedures,
+    .manual = "polynomial.md",
+};
+
+}  // namespace quorval::regression

@@ -1,0 +1,157 @@
+// Weighted least-squares regression of y (test method) on x (reference method), for a measurement
+// error that grows with the concentration.
+//
+// Reads two columns, or four whose pairwise means are taken.  Writes rows 2 to 50 of the sheet and
+// two optional tables, and the plots frmXY1s and frmRes1s.  The analysis can be repeated without
+// the points that it marked.
+#include "analyses/registry.h"
+#include "analyses/regression/fit_weighted_least_squares.h"
+#include "analyses/regression/plots.h"
+#include "stats/significance.h"
+
+namespace quorval::regression {
+namespace {
+
+// --- Options
+
+constexpr std::string_view kWeightingGroup = "Weighting function:";
+
+constexpr Field kFields[] = {
+    kMode,
+    kIdColumn,
+    kFirstColumn,
+    kSecondColumn,
+    kThirdColumn,
+    kFourthColumn,
+    kXc1,
+    kXc2,
+    InGroup(Captioned(kWeightingExponent,
+                      "Weighting exponent (0 - 2): (2 corresponds to proportional weighting)"),
+            kWeightingGroup),
+    InGroup(Captioned(kTruncationLimit, "Lower limit of truncation:"), kWeightingGroup),
+    kOutlierLimit,
+    Captioned(kShowResiduals, "Display x, y ,estim. y and residuals"),
+    Captioned(kShowBands, "Display coordinates of 95%-confidence band (at 11 positions)"),
+    Captioned(kPlotBands, "Show 95%-confidence bands"),
+};
+
+constexpr Rule kRules[] = {
+    kIdColumnRule,
+    kFirstColumnsRule,
+    kLastColumnsRule,
+    {[](const Form& form) { return form.Number32(kOutlierLimit) <= 0; },
+     "Incompatible option value(s)"},
+    {[](const Form& form) { return form.Number32(kTruncationLimit) < 0; },
+     "Negative value for Lower limit of truncation not allowed"},
+    {[](const Form& form) {
+       return form.Number32(kWeightingExponent) < 0 || form.Number32(kWeightingExponent) > 2;
+     },
+     "Weighting exponent should be between zero and 2 incl."},
+};
+
+constexpr Dialog MCstatF2so{
+    .window = "MCstatF2so",
+    .title = "  Weighted Least-Squares Regression Analysis",
+    .heading = "Options for Weighted Least-Squares regression analysis",
+    .fields = kFields,
+    .rules = kRules,
+};
+static_assert(WellFormed(MCstatF2so));
+
+// --- The run
+
+std::string_view Title(const Run& run) {
+  return run.repeated == nullptr
+             ? "  Results of Weighted Least-Squares Regression Analysis"
+             : "  Results of Weighted Least-Squares Regression Analysis (Re-analysis after outlier "
+               "rejection)";
+}
+
+void WriteWeighting(Run& run, const Weighting& weighting) {
+  std::string_view relationship;
+  if (weighting.P == 1) relationship = "  (square root relationship)";
+  if (weighting.P == 2) relationship = "  (proportional relationship)";
+  run.sheet.Row(11, "  Display of weighting parameters");
+  run.sheet.Row(12, "  Weighting exponent = ", Real(weighting.P), relationship);
+  if (weighting.T > 0)
+    run.sheet.Row(13, "  Truncation of weighting at lower limit = ", Real(weighting.T));
+}
+
+void RunWls(Run& run) {
+  const Form& form = run.form;
+  const Pairs data = ReadPairs(run);
+  const auto& x = data.x;
+  const auto& y = data.y;
+  for (const Sample& values : {x, y})
+    RefuseNegativeOrZero(run, values, " Negative or zero numbers: No regression analysis ");
+  const Levels levels = PlaceLevels(form, RangeOfAbscissae(run, data, 3));
+  const Weighting weighting = TakeWeighting(form);
+  const std::optional<WeightedLineFit> fit = FitWeightedLeastSquares(x, y, weighting);
+  if (!fit) run.Refuse("  Weighted l-s regression analysis could not be computed ");
+  const Estimates estimates = EstimateAt(*fit, levels);
+  const Real df = data.Count() - 2;
+  const Test slope = TestAgainst(1, fit->b, fit->se_b, df);
+
+  ResultsSheet& sheet = run.sheet;
+  sheet.Clear();
+  WriteHead(run, Title(run), data);
+  WriteWeighting(run, weighting);
+  WriteSlope(run, 14, slope);
+  sheet.Row(19, "  Weighted correlation coefficient", fit->rw, CorrelationPClass(df, fit->rw));
+
+  Residuals residuals;
+  Sample q;  // weighted residuals
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    residuals.estimate.push_back(fit->At(x[i]));
+    const Real e = residuals.e.emplace_back(y[i] - fit->At(x[i]));
+    q.push_back(Sqrt(fit->w[i]) * e);
+  }
+  // The factor shown, and the unit of z; the fit's own stays in the standard errors.
+  const Real factor = ResidualSD(run, q);
+  sheet.Row(20, "  SDy.x prop. factor", factor);
+  sheet.Row(21, "  Test for dev. from linearity", RunsTestClass(run.messages, residuals.e));
+  WriteIntercept(run, 23, TestAgainst(0, fit->a0, fit->se_a0, df));
+  WriteCriticalValues(run, 29, levels, estimates);
+
+  for (Real weighted : q) residuals.z.push_back(weighted / factor);
+  const OutlierMarks outliers = MarkOutliers(run, q);
+  WriteOutliers(run, {.count = 34, .first = 39, .more = 50}, outliers, data);
+  KeepForReanalysis(run, data, outliers);
+
+  const Bands bands = ComputeBands(levels, estimates, CriticalT05(df));
+  if (form.On(kShowBands)) WriteBands(run, 52, "Estim. y value", bands);
+  if (form.On(kShowResiduals))
+    WriteResiduals(run, 64,
+                   {"x value", "y value", "Estim. y", "Residuals: (y-(a0+bx)", "St. residuals"},
+                   data, residuals);
+
+  DrawXYPlot(run, "X-Y plot Weighted least-squares reg. analysis", data, outliers,
+             {.a0 = fit->a0, .b = fit->b},
+             form.On(kPlotBands) ? std::optional(bands) : std::nullopt);
+  DrawResidualPlot(run, x, residuals.z, outliers);
+}
+
+constexpr Procedure MCstatF2s[] = {{
+    .window = "MCstatF2s",
+    .title =
+        [](const Form& form) {
+          return WindowTitle("Weighted Least-Squares Regression Analysis", form);
+        },
+    .menu = {.back = "&Selection of Weighted L.-S.  Reg. options"},
+    .print_header = "/cWeighted Linear Regression/rPage #/p/n",
+    .plot_jobs = kPlotJobs,
+    .plot_windows = kPlotWindows,
+    .failure = {.fault = "Error occurred", .second = "Error occurred"},
+    .run = RunWls,
+}};
+
+}  // namespace
+
+constinit const Analysis kWls{
+    .id = "wls",
+    .dialog = &MCstatF2so,
+    .procedures = MCstatF2s,
+    .manual = "weighted-least-squares.md",
+};
+
+}  // namespace quorval::regression

@@ -1,0 +1,27 @@
+// Weights for an error that grows with the concentration.
+#pragma once
+
+#include "analyses/regression/regression.h"
+
+namespace quorval::regression {
+
+// Each method has its own captions for these.
+inline constexpr Field kWeightingExponent{.key = "weighting-exponent", .initial = "2"};
+inline constexpr Field kTruncationLimit{.key = "truncation-limit", .initial = "0"};
+
+// A point at u weighs 1 / u^P, and not more than at T where T is above 0.
+struct Weighting {
+  Single P, T;
+  Real At(Real u) const { return 1 / Pow(u, P); }
+};
+
+inline Weighting TakeWeighting(const Form& form) {
+  return {form.Number32(kWeightingExponent), form.Number32(kTruncationLimit)};
+}
+
+inline void RefuseNegativeOrZero(const Run& run, std::span<const Real> values,
+                                 std::string_view words) {
+  if (std::ranges::any_of(values, [](Real value) { return value <= 0; })) run.Refuse(words);
+}
+
+}  // namespace quorval::regression

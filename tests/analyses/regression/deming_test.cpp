@@ -1,0 +1,192 @@
+// Expected numbers: tests/independent/regressions.py.
+#include <random>
+
+#include "analyses/registry.h"
+#include "analyses/regression/fit_deming.h"
+#include "analyses/regression/regression_data.h"
+#include "core/conversion.h"
+
+namespace quorval::test {
+namespace {
+
+using regression::kDeming;
+using testing::ElementsAre;
+
+TEST(Deming, ComputesItsNumbers) {
+  for (const ComputedCase& computed : {
+           ComputedCase{"deming", SingleSet(), {{"xc1", "5"}, {"xc2", "20.1"}}},
+           ComputedCase{"deming ratio 1.3", SingleSet(), {{"sd-ratio", "1.3"}}},
+           ComputedCase{"deming duplicate", DuplicateSet(), {{"mode", "duplicate"}}},
+           ComputedCase{"deming outliers", WithSixOutliers(), {}},
+       })
+    ExpectComputed(kDeming, computed, 1e-11);
+}
+
+TEST(Deming, WritesItsLabels) {
+  const Transcript told =
+      RunAnalysis(kDeming, SingleSet(),
+                  {{"xc1", "5"}, {"xc2", "20"}, {"show-bands", "on"}, {"show-residuals", "on"}});
+  ExpectLabels(told, {{2, "  Results of Deming Regression Analysis (single option)"},
+                      {6, "  Number of (x, y) data points", "25"},
+                      {15, "  t  and  P"},
+                      {16, "  Correlation coefficient", "0.9851", " P < 0.001 "},
+                      {17, "  SDyx (vertical)"},
+                      {18, "  Assigned   SDax/SDay", "1.0000"},
+                      {19, "  Test for dev. from linearity", " n.s. "},
+                      {20, "  Intercept  a0"},
+                      {21, "  SE a0"},
+                      {22, "  95%-Conf. Int."},
+                      {23, "  Test for intercept deviation from 0"},
+                      {24, "  t  and  P"},
+                      {25, "  Critical value Xc1"},
+                      {26, "  Difference Yc1 - Xc1 with SE"},
+                      {27, "  Critical value Xc2"},
+                      {28, "  Difference Yc2 - Xc2 with SE"},
+                      {29, "  No outliers identified"},
+                      {30, "  Outlier limit: No. of SDs", "4.0000"},
+                      {31, ""},
+                      {44, "x value", "Estim. y", "Lower 95%-conf. limit"},
+                      {57, "  x value", "  y value", "  Estim. y"}});
+  EXPECT_EQ(told.Text(57, 4), "  Res. (vertical: y - (a0+bx))");
+  EXPECT_EQ(told.Text(57, 5), "  St. res. at an angle to the line");
+  const Transcript duplicate = RunAnalysis(kDeming, DuplicateSet(), {{"mode", "duplicate"}});
+  ExpectLabels(duplicate, {{2, "  Results of Deming Regression Analysis (duplicate option)"},
+                           {10, "  y2: Col no.", "5"},
+                           {18, "  Estimated SDax/SDay"}});
+}
+
+TEST(Deming, PlotsDistancesOverThePlacesOnTheLine) {
+  const Transcript told = RunAnalysis(kDeming, SingleSet(), {{"plot-bands", "off"}});
+  EXPECT_EQ(told.PlotOf("frmXY1s").caption, "XY-plot Deming regression analysis");
+  EXPECT_THAT(SizesOf(told.PlotOf("frmXY1s")), ElementsAre(25, 1, 2, 2));
+  const Plot& residuals = told.PlotOf("frmRes1s");
+  EXPECT_THAT(SizesOf(residuals), ElementsAre(25));
+  EXPECT_NEAR(Raw(residuals.series[0].points[6].x), 8.27952527999878, 1e-12);
+  EXPECT_NEAR(Raw(residuals.series[0].points[6].y), -0.17180772125720978, 1e-12);
+}
+
+TEST(Deming, MarksDistances) {
+  const Transcript told = RunAnalysis(kDeming, WithSixOutliers(), {{"outlier-limit", "2"}});
+  ExpectLabels(told, {{29, "  Number of outliers identified", "6"},
+                      {33, "  No.", "3"},
+                      {34, "  Outlier (x, y)", "3.0000", "11.1250"},
+                      {41, "  No.", "31"},
+                      {42, "  Outlier (x, y)", "31.0000", "39.2500"},
+                      {43, "More than 5 outlier pairs which are not displayed "}});
+  EXPECT_THAT(SizesOf(told.PlotOf("frmXY1s")), ElementsAre(34, 6, 2, 2, 11, 11));
+  EXPECT_THAT(SizesOf(told.PlotOf("frmRes1s")), ElementsAre(34, 6));
+}
+
+TEST(Deming, RunsOnFourPointsAndOnANegativeSlope) {
+  EXPECT_EQ(RunAnalysis(kDeming, {{"1", "2", "3", "4"}, {"1", "2", "4", "3"}}).outcome,
+            Outcome::kDone);
+  const Transcript falling =
+      RunAnalysis(kDeming, {{"1", "2", "3", "4", "5"}, {"10", "8.5", "6", "3.5", "2"}});
+  EXPECT_EQ(falling.outcome, Outcome::kDone);
+  EXPECT_LT(falling.Value(11, 2), -2);
+}
+
+TEST(Deming, Refuses) {
+  const Columns four{
+      {"1", "2", "3", "4"}, {"1", "2", "4", "3"}, {"1", "2", "3", "4"}, {"1", "2", "4", "3"}};
+  const std::string column = "Selected column no. not allowed!";
+  const std::string options = "Incompatible option value(s)";
+  const std::string not_computed = "  Deming regression analysis could not be computed ";
+  const std::string error = "Error occurred";
+  const Settings duplicate{{"mode", "duplicate"}};
+  for (const Refused& refused : {
+           Refused{"ID 0", four, {{"id", "0"}}, {column}},
+           Refused{"ratio 0", four, {{"sd-ratio", "0"}}, {options}},
+           Refused{"limit 0", four, {{"outlier-limit", "0"}}, {options}},
+           Refused{"too few",
+                   {{"1", "2", "3"}, {"1", "2", "3"}},
+                   {},
+                   {" n < 4: No regression analysis"}},
+           Refused{"no dispersion",
+                   {{"2", "2", "2", "2"}, {"1", "2", "3", "4"}},
+                   {},
+                   {" No dispersion of x values: no regression analysis "}},
+           Refused{"x equal in 32 bits",
+                   {{"2", "2.00000001", "2", "2"}, {"1", "2", "3", "4"}},
+                   {},
+                   {" No dispersion of x values: no regression analysis "}},
+           Refused{
+               "no covariance", {{"1", "2", "3", "4"}, {"1", "2", "2", "1"}}, {}, {not_computed}},
+           Refused{"no covariance without the last",
+                   {{"1", "2", "3", "9"}, {"1", "2", "1", "8"}},
+                   {},
+                   {not_computed}},
+           Refused{"x1 equal to x2",
+                   {{"1", "2", "3", "4"},
+                    {"1", "2", "3", "4"},
+                    {"1", "2", "4", "3"},
+                    {"2", "2", "4", "3"}},
+                   duplicate,
+                   {not_computed}},
+           Refused{"one unequal pair of y",
+                   {{"1", "2", "3", "4"},
+                    {"2", "2", "3", "5"},
+                    {"1", "2", "4", "3"},
+                    {"2", "2", "4", "3"}},
+                   duplicate,
+                   {not_computed}},
+           Refused{"a perfect line", {{"1", "2", "3", "4"}, {"1", "2", "3", "4"}}, {}, {error}},
+           Refused{"unequal columns",
+                   {{"1", "2", "3", "4"}, {"1", "2"}},
+                   {},
+                   {"Unequal number of observations in columns: No analysis", error}},
+       })
+    ExpectRefused(kDeming, refused);
+  EXPECT_EQ(
+      RunAnalysis(kDeming, DuplicateSet(), {{"mode", "duplicate"}, {"sd-ratio", "0"}}).outcome,
+      Outcome::kDone);
+}
+
+// --- The fits without a row each, against fits of the other rows
+
+regression::SingleMeasurements Without(regression::SingleMeasurements measured, std::size_t row) {
+  for (Singles* column : {&measured.x, &measured.y})
+    column->erase(column->begin() + static_cast<std::ptrdiff_t>(row));
+  return measured;
+}
+
+regression::DuplicateMeasurements Without(regression::DuplicateMeasurements measured,
+                                          std::size_t row) {
+  for (Sample* column : {&measured.x1, &measured.x2, &measured.y1, &measured.y2})
+    column->erase(column->begin() + static_cast<std::ptrdiff_t>(row));
+  return measured;
+}
+
+template <class Measurements>
+void ExpectSameBits(const Measurements& measured, std::size_t n) {
+  const auto lines = regression::FitDemingWithoutEach(measured);
+  ASSERT_TRUE(lines);
+  ASSERT_EQ(lines->size(), n);
+  for (std::size_t row = 0; row < n; ++row) {
+    const auto plain = regression::FitDeming(Without(measured, row));
+    EXPECT_EQ((*lines)[row].b, plain->b) << row;
+    EXPECT_EQ((*lines)[row].a0, plain->a0) << row;
+    EXPECT_EQ((*lines)[row].lambda, plain->lambda) << row;
+  }
+}
+
+TEST(FitDemingWithoutEach, HasTheBitsOfPlainFits) {
+  std::mt19937 random(2024);
+  const auto error = [&] { return (static_cast<double>(random() % 2000) - 1000) / 700; };
+  for (std::size_t n : {4, 5, 8, 9, 16, 17, 63, 200}) {
+    regression::SingleMeasurements single{.x = {}, .y = {}, .lambda = Single(1.69)};
+    regression::DuplicateMeasurements twice;
+    for (std::size_t i = 0; i < n; ++i) {
+      const double truth = static_cast<double>(random() % 100000) / 997;
+      single.x.emplace_back(truth + error());
+      single.y.emplace_back(truth + error());
+      for (Sample* column : {&twice.x1, &twice.x2, &twice.y1, &twice.y2})
+        column->push_back(truth + error());
+    }
+    ExpectSameBits(single, n);
+    ExpectSameBits(twice, n);
+  }
+}
+
+}  // namespace
+}  // namespace quorval::test

@@ -1,0 +1,187 @@
+// Expected numbers: NIST Statistical Reference Datasets (tests/data), and SciPy for the tables of F
+// (tests/independent/polynomial.py).
+#include "analyses/registry.h"
+#include "analyses/regression/regression_data.h"
+
+namespace quorval::test {
+namespace {
+
+using regression::kPolynomial;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+Columns PolynomialSet() {
+  return {TextsOf(example_data::kPolynomialX), TextsOf(example_data::kPolynomialY)};
+}
+
+TEST(Polynomial, HoldsOnTheReferenceDatasets) {
+  const struct {
+    const char* file;
+    const char* degree;
+    double ss_regression, ss_residual, residual_sd, F, r_squared;
+  } cases[] = {
+      {"nist_lin_Norris.csv", "1", 4255954.13232369, 26.6173985294224, 0.884796396144373,
+       5436385.54079785, 0.999993745883712},
+      {"nist_lin_Pontius.csv", "2", 15.6040343244198, 0.155761768796992E-05, 0.205177424076185E-03,
+       185330865.995752, 0.999999900178537},
+      {"nist_lin_Wampler3.csv", "5", 18814317208116.7, 83554268.0, 2360.14502379268,
+       675524.458240122, 0.999995559025820},
+      {"nist_lin_Wampler4.csv", "5", 18814317208116.7, 8355426800.0e2, 236014.502379268,
+       67.5524458240122, 0.957478440825662},
+      {"nist_lin_Wampler5.csv", "5", 18814317208116.7, 0.835542680e16, 23601450.2379268,
+       6.7552445824012241E-03, 0.224668921574940E-02},
+  };
+  for (const auto& [file, degree, ss_regression, ss_residual, residual_sd, F, r_squared] : cases) {
+    SCOPED_TRACE(file);
+    const Transcript told = RunAnalysis(kPolynomial, ReadDataFile(file), {{"degree", degree}});
+    ASSERT_EQ(told.outcome, Outcome::kDone);
+    const auto expect = [&](int row, double value) {
+      EXPECT_NEAR(told.Value(row, 4) / value, 1, 1e-6) << row;
+    };
+    expect(15, ss_regression);
+    expect(17, ss_residual);
+    expect(19, residual_sd);
+    expect(23, F);
+    expect(29, std::sqrt(r_squared));
+  }
+}
+
+TEST(Polynomial, WritesItsSheet) {
+  Context context;
+  context.ProjectName = "Curve";
+  const Transcript told = RunAnalysis(
+      kPolynomial, PolynomialSet(),
+      {{"x-value", "8.5"}, {"show-values", "on"}, {"show-limits", "on"}, {"outlier-limit", "1.1"}},
+      context);
+  ASSERT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(told.boxes, IsEmpty());
+  ExpectLabels(told, {{2, "  Polynomial regression"},
+                      {3, "  Degree", "2", "  Project: "},
+                      {4, "  Number of obs.:", "8"},
+                      {5, "  Coefficients:"},
+                      {6, "  b0:"},
+                      {8, "  b2:"},
+                      {9, ""},
+                      {14, "  Sum of squares and mean squares:"},
+                      {15, "  Sum of Squares Regression: "},
+                      {16, "  Mean square Regression (m2sq): "},
+                      {17, "  Sum of Squares Residual: "},
+                      {18, "  Mean square Residuals (m1sq): "},
+                      {19, "  Residuals SD (SDy.x): "},
+                      {21, "  Generel F-test for the significance of polynomial regression: "},
+                      {23, "  F-Ratio: (m2sq/m1sq): "},
+                      {25, "  Supplementary F-test for the significance of the last coefficient:"},
+                      {27, "  F-ratio last coef.:"},
+                      {29, "  Correlation coefficient (R):"},
+                      {31, " Number of outliers identified"},
+                      {32, "Outlier limit (no. of SDs):"},
+                      {33, ""},
+                      {34, "Computed Y-value for entered X-value:"},
+                      {35, "Entered X value:"},
+                      {36, "Computed Yest:"},
+                      {37, ""},
+                      {38, "Optional output of values:"},
+                      {39, "X values ordered", "Y values ordered", "Estim. Y values"},
+                      {40, "6.0000", "0.0290"},
+                      {47, "13.0000", "0.7380"},
+                      {48, "Outliers in bold"}});
+  EXPECT_EQ(told.Text(3, 4), "Curve");
+  EXPECT_TRUE(told.sheet.At(1, 25).look.italic);
+  for (int row : {16, 18}) EXPECT_EQ(told.Text(row, 5), "D. f.: ");
+  EXPECT_EQ(told.Text(16, 6), "2");
+  EXPECT_EQ(told.Text(18, 6), "5");
+  EXPECT_EQ(told.Text(23, 5), "  P:");
+  EXPECT_EQ(told.Text(27, 4), "  P:");
+  EXPECT_EQ(told.Text(39, 4), "(Y-Yest)");
+  EXPECT_EQ(told.Text(39, 6), "(Yest-t95 SDy.x)");
+  EXPECT_EQ(told.Text(39, 7), "(Yest+t95 SDy.x)");
+  EXPECT_EQ(told.Text(48, 6), "t95:");
+  EXPECT_EQ(told.Value(48, 7), 2.571);
+  EXPECT_EQ(told.Value(32, 4), static_cast<double>(1.1F));
+  // Expected numbers: tests/independent/polynomial.py.
+  ExpectNumbers(told, NumbersOf("polynomial"), 1e-10);
+  const int outliers = static_cast<int>(told.Value(31, 4));
+  EXPECT_EQ(outliers, 1);
+  EXPECT_TRUE(told.sheet.At(4, 47).look.bold);
+  EXPECT_FALSE(told.sheet.At(1, 46).look.bold);
+  EXPECT_THAT(SizesOf(told.PlotOf("frmPolynRegPlot")), ElementsAre(7, 1, 100, 100, 100));
+  EXPECT_THAT(SizesOf(told.PlotOf("frmPolynResPlot")), ElementsAre(7, 1));
+}
+
+TEST(Polynomial, SortsAndShowsTheLimitsAlone) {
+  const Transcript told =
+      RunAnalysis(kPolynomial, {{"4", "1", "3", "2", "5"}, {"4.1", "0.9", "3.2", "2", "4.7"}},
+                  {{"degree", "1"}, {"show-limits", "on"}});
+  ExpectLabels(told, {{25, ""},
+                      {31, "  No outliers identified"},
+                      {34, "Optional output of values:"},
+                      {35, ""},
+                      {41, ""}});
+  EXPECT_EQ(told.Text(35, 6), "(Yest-t95 SDy.x)");
+  EXPECT_LT(told.Value(36, 6), told.Value(36, 7));
+  EXPECT_EQ(told.Text(41, 6), "t95:");
+  const Plot& plot = told.PlotOf("frmPolynRegPlot");
+  EXPECT_THAT(SizesOf(plot), ElementsAre(5, 100, 100, 100));
+  EXPECT_EQ(plot.series[0].points[0].x, 1);
+  EXPECT_EQ(plot.series[1].points[99].x, 5);
+}
+
+TEST(Polynomial, LeavesOutTheSupplementaryTest) {
+  // No general significance.
+  const Transcript flat =
+      RunAnalysis(kPolynomial, {{"1", "2", "3", "4", "5", "6"}, {"1", "3", "1", "3", "1", "3"}});
+  EXPECT_GE(flat.Value(23, 6), 0.05);
+  EXPECT_EQ(flat.Text(25, 1), "");
+  EXPECT_EQ(flat.Text(27, 1), "");
+}
+
+TEST(Polynomial, GoesOnWithoutResiduals) {
+  const Transcript told =
+      RunAnalysis(kPolynomial, {{"-1", "1", "-1", "1"}, {"-1", "3", "-1", "3"}}, {{"degree", "1"}});
+  EXPECT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(told.boxes,
+              ElementsAre("zero residuals variation: no F-test", "Error in outlier evaluation"));
+  ExpectLabels(told, {{6, "  b0:", "1.0000"},
+                      {7, "  b1:", "2.0000"},
+                      {23, "  F-Ratio: (m2sq/m1sq): "},
+                      {25, ""},
+                      {31, "  No outliers identified"}});
+  EXPECT_EQ(told.Text(23, 4), "");
+  EXPECT_EQ(told.Text(23, 5), "  P:");
+  EXPECT_EQ(told.PlotOf("frmPolynResPlot").series[0].points[0].y, 0);
+}
+
+TEST(Polynomial, Refuses) {
+  const Columns four{{"1", "2", "3", "4"}, {"1", "4", "9", "15"}};
+  const std::string column = "Selected column number should be positive integer =< 30!";
+  Columns long_columns(2);
+  for (int i = 0; i < 400; ++i) {
+    long_columns[0].push_back(std::to_string(i));
+    long_columns[1].push_back(std::to_string(i + i % 7));
+  }
+  for (const Refused& refused : {
+           Refused{"column 0", four, {{"x-column", "0"}}, {column}},
+           Refused{"column 501", four, {{"y-column", "501"}}, {column}},
+           Refused{"a word as column", four, {{"y-column", "y"}}, {"Error"}},
+           Refused{"a word as limit", four, {{"outlier-limit", "four"}}, {"Error"}},
+           Refused{"a word as x", four, {{"x-value", "eight"}}, {"Error"}},
+           Refused{
+               "a word as value", {{"1", "2", "3", "4"}, {"1", "n.d.", "9", "15"}}, {}, {"Error"}},
+           Refused{"unequal columns",
+                   {{"1", "2", "3"}, {"1", "2"}},
+                   {},
+                   {" Unequal numbers of x and y values: No analysis"}},
+           Refused{"too few", {{"1", "2"}, {"1", "2"}}, {}, {" N < 3: No analysis "}},
+           Refused{"degree n - 1",
+                   four,
+                   {{"degree", "3"}},
+                   {"Degree of polynomium is higher than sample size minus two: No analysis"}},
+           Refused{"x all equal", {{"2", "2", "2", "2"}, {"1", "2", "3", "4"}}, {}, {"Error"}},
+           Refused{"an F with too many degrees of freedom", long_columns, {}, {"Error"}},
+       })
+    ExpectRefused(kPolynomial, refused);
+  EXPECT_EQ(RunAnalysis(kPolynomial, four).outcome, Outcome::kDone);  // degree n - 2
+}
+
+}  // namespace
+}  // namespace quorval::test

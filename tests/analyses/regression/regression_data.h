@@ -1,0 +1,122 @@
+// Data and expectations that the tests of the regressions share.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "app/example_data.h"
+#include "support/data_file.h"
+#include "support/transcript.h"
+
+namespace quorval::test {
+
+inline Columns SingleSet() { return {TextsOf(example_data::kA), TextsOf(example_data::kB)}; }
+inline Columns DuplicateSet() {
+  return {TextsOf(example_data::kA), TextsOf(example_data::kC), TextsOf(example_data::kB),
+          TextsOf(example_data::kD)};
+}
+
+// 40 points on the line y = x with small residuals, and six points 8 above or below it.
+inline Columns WithSixOutliers() {
+  constexpr std::array<double, 6> kSmall{0.25, -0.5, 0.125, -0.125, 0.5, -0.25};
+  std::vector<double> x, y;
+  for (int i = 0; i < 40; ++i) {
+    x.push_back(i + 1);
+    y.push_back(x.back() + kSmall[static_cast<std::size_t>(i % 6)]);
+    if (i % 7 == 2) y.back() += i % 2 == 0 ? 8 : -8;
+  }
+  return {TextsOf(x), TextsOf(y)};
+}
+
+struct Number {
+  int row, column;
+  double value;
+};
+
+inline void ExpectNumbers(const Transcript& told, std::span<const Number> numbers,
+                          double digits = 1e-12) {
+  for (const auto& [row, column, value] : numbers) {
+    EXPECT_NEAR(told.Value(row, column), value, digits) << row << ", " << column;
+    EXPECT_EQ(told.sheet.At(column, row).look.type, CellType::kNumber) << row << ", " << column;
+  }
+}
+inline void ExpectNumbers(const Transcript& told, std::initializer_list<Number> numbers) {
+  ExpectNumbers(told, std::span<const Number>(numbers.begin(), numbers.size()));
+}
+
+// The numbers of one case of tests/independent/regressions.py.
+inline std::vector<Number> NumbersOf(const std::string& name) {
+  static const auto columns = ReadDataFile("regressions.csv");
+  std::vector<Number> numbers;
+  for (std::size_t i = 0; i < columns[0].size(); ++i)
+    if (columns[0][i] == name)
+      numbers.push_back(
+          {std::stoi(columns[1][i]), std::stoi(columns[2][i]), std::stod(columns[3][i])});
+  return numbers;
+}
+
+// The texts of columns 1 to 3; an empty one is not looked at, but in column 1.
+struct Label {
+  int row;
+  std::string_view first, second{}, third{};
+};
+
+inline void ExpectLabels(const Transcript& told, std::initializer_list<Label> labels) {
+  for (const auto& [row, first, second, third] : labels) {
+    EXPECT_EQ(told.Text(row, 1), first) << row;
+    if (!second.empty()) {
+      EXPECT_EQ(told.Text(row, 2), second) << row;
+    }
+    if (!third.empty()) {
+      EXPECT_EQ(told.Text(row, 3), third) << row;
+    }
+  }
+}
+
+// A run whose numbers the independent script has computed.
+struct ComputedCase {
+  std::string name;
+  Columns columns;
+  Settings settings;
+};
+
+inline void ExpectComputed(const Analysis& analysis, const ComputedCase& computed, double digits) {
+  SCOPED_TRACE(computed.name);
+  const std::vector<Number> numbers = NumbersOf(computed.name);
+  ASSERT_FALSE(numbers.empty());
+  Settings settings = computed.settings;
+  settings.emplace_back("show-residuals", "on");
+  if (Form(*analysis.dialog).Find("show-bands") != nullptr)
+    settings.emplace_back("show-bands", "on");
+  const Transcript told = RunAnalysis(analysis, computed.columns, settings);
+  EXPECT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(told.boxes, testing::IsEmpty());
+  ExpectNumbers(told, numbers, digits);
+}
+
+// --- Refusals and failures
+
+struct Refused {
+  std::string_view what;
+  Columns columns;
+  Settings settings;
+  std::vector<std::string> boxes;
+  int last_row = 0;  // of the sheet that remains
+};
+
+inline void ExpectRefused(const Analysis& analysis, const Refused& refused) {
+  SCOPED_TRACE(refused.what);
+  const Transcript told = RunAnalysis(analysis, refused.columns, refused.settings);
+  EXPECT_EQ(told.outcome, Outcome::kRefused);
+  EXPECT_THAT(told.boxes, testing::ElementsAreArray(refused.boxes));
+  EXPECT_EQ(told.sheet.DataRowCnt(), refused.last_row);
+  EXPECT_THAT(told.plots, testing::IsEmpty());
+}
+
+inline std::vector<std::size_t> SizesOf(const Plot& plot) {
+  std::vector<std::size_t> sizes;
+  for (const Series& series : plot.series) sizes.push_back(series.points.size());
+  return sizes;
+}
+
+}  // namespace quorval::test
