@@ -57,12 +57,23 @@ TEST_F(AnalysisTest, ShowsResultsAndPlots) {
   EXPECT_EQ(results->windowTitle(),
             "Quorval      Ordinary Least-Squares Regression Analysis    Single (x, y)");
   EXPECT_EQ(CellText(results->sheet(), 1, 11), "  Slope b");
-  EXPECT_EQ(CellText(results->sheet(), 2, 11), "0.9959");  // by R's lm() on the same columns
+  EXPECT_EQ(CellText(results->sheet(), 2, 11),
+            "0.9959");  // Sxy / Sxx of the two columns, computed apart
   EXPECT_EQ(CellText(results->sheet(), 2, 24), "10.0000");
   EXPECT_EQ(results->sheet().model()->headerData(0, Qt::Vertical).toInt(), 1);
   EXPECT_TRUE(results->sheet().model()->index(1, 0).data(Qt::FontRole).value<QFont>().bold());
   for (const char* plot : {"frmXY1s", "frmRes1s"}) EXPECT_NE(Shown(plot), nullptr) << plot;
   EXPECT_FALSE(platform.wait_pointer);
+}
+
+TEST_F(AnalysisTest, SpeaksWithTheDecimalCommaOfTheDesktop) {
+  QLocale::setDefault(QLocale("de_DE"));
+  OpenDialog();
+  SetField("xc1", "10,5");
+  PressOk();
+  ASSERT_NE(results, nullptr);
+  EXPECT_EQ(CellText(results->sheet(), 2, 11), "0,9959");
+  EXPECT_EQ(CellText(results->sheet(), 2, 24), "10,5000");
 }
 
 TEST_F(AnalysisTest, LabelsOfTheResultsFitTheirColumns) {

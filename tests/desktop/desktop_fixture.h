@@ -27,7 +27,15 @@ struct PdfPlatform : ScriptedPlatform {
   }
 };
 
+// The tests speak of a decimal point, whatever the machine they run on.
+struct PointLocale {
+  PointLocale() { QLocale::setDefault(QLocale::c()); }
+};
+
 class Desktop : public testing::Test {
+ private:
+  PointLocale locale_;  // before the windows, which ask for it
+
  protected:
   Desktop() {
     std::filesystem::create_directories(folder);
