@@ -13,9 +13,13 @@ struct ResultsWindow {
   const Procedure* procedure;
   std::string title;
   ResultsSheet sheet;
+  Form options;                             // as the run read them
   std::vector<std::string> plot_windows{};  // open beside it
   Outcome outcome = Outcome::kRefused;
   bool shown = false;
+  // The points that were marked, where the analysis can be repeated without them: the window then
+  // has the button "Outlier rejection".
+  std::optional<Rejection> rejection{};
 };
 
 // An analysis from the opening of its dialog to its exit.  The dialog stays loaded, hidden, while

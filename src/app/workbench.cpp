@@ -6,6 +6,7 @@
 #include "app/note_page.h"
 #include "app/results_files.h"
 #include "app/wait_pointer.h"
+#include "results/notice.h"
 #include "results/picture_file.h"
 #include "results/print.h"
 
@@ -30,6 +31,12 @@ class RunMessages : public Messages {
  private:
   Platform& platform_;
 };
+
+std::string JoinLines(std::span<const std::string> lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + '\n';
+  return text;
+}
 
 Plot* FindPlot(std::vector<Plot>& plots, std::string_view window) {
   const auto found = std::ranges::find(plots, window, &Plot::window);
@@ -101,8 +108,8 @@ Outcome Workbench::PressOk(OpenAnalysis& open) {
 
 void Workbench::RunProcedure(OpenAnalysis& open) {
   const Procedure& procedure = ProcedureFor(*open.analysis, open.form);
-  ResultsWindow& window = open.results.emplace(
-      ResultsWindow{&procedure, procedure.title(open.form), ResultsSheet(project_.context())});
+  ResultsWindow& window = open.results.emplace(ResultsWindow{
+      &procedure, procedure.title(open.form), ResultsSheet(project_.context()), open.form});
   RunMessages messages(platform_);
   Run run{open.form, project_.worksheet(), project_.context(), messages, window.sheet};
   window.outcome = Execute(procedure, run);
@@ -110,7 +117,35 @@ void Workbench::RunProcedure(OpenAnalysis& open) {
   window.shown =
       window.outcome == Outcome::kDone || procedure.failure.aftermath == Aftermath::kWindowStays;
   open.dialog_shown = !window.shown;
+  window.rejection = std::move(run.rejection);
   TakePlots(window, window.shown ? std::move(run.plots) : std::vector<Plot>{});
+}
+
+void Workbench::Reanalyse(OpenAnalysis& open) {
+  if (!open.results || !open.results->rejection) return;
+  ResultsWindow& window = *open.results;
+  const Rejection rejection = *window.rejection;
+  const std::vector<std::string> notice = NoticeOf(rejection);
+  const Answer answer = platform_.Show({.text = "Repeat analysis without identified outliers ?",
+                                        .buttons = Buttons::kYesNo,
+                                        .beside = JoinLines(notice)});
+  if (answer != Answer::kYes) return;
+  const auto picture = project_.context().AppFolder / "OutlierRejDEM.svg";
+  if (!platform_.KeepPicture(NoticePicture(notice), picture)) return Tell("Error");
+
+  const WaitPointer wait(platform_);
+  for (std::string_view key : rejection.read_anew) window.options.Set(key, open.form.TextOf(key));
+  RunMessages messages(platform_);
+  Run run{window.options, project_.worksheet(), project_.context(),
+          messages,       window.sheet,         &rejection};
+  window.outcome = Execute(*window.procedure, run);
+  window.sheet.PaintHead();
+  TakePlots(window, std::move(run.plots));
+  if (window.outcome == Outcome::kRefused) {
+    messages.Tell("Error");
+  } else {
+    window.rejection.reset();
+  }
 }
 
 // Windows of an earlier run under the same names go; those that the run left empty open empty.
@@ -118,6 +153,7 @@ void Workbench::TakePlots(ResultsWindow& window, std::vector<Plot> plots) {
   if (window.shown)
     for (std::string_view name : window.procedure->plot_windows)
       if (FindPlot(plots, name) == nullptr) plots.push_back({.window = std::string(name)});
+  window.plot_windows.clear();
   for (Plot& plot : plots) {
     std::erase_if(plots_, [&](const Plot& old) { return old.window == plot.window; });
     window.plot_windows.push_back(plot.window);

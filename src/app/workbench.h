@@ -57,6 +57,9 @@ class Workbench {
   void BackToOptions(OpenAnalysis& open);
   // Unloads the results window, its dialog and its plots.
   void Exit(OpenAnalysis& open);
+  // The results window's button "Outlier rejection", which is there while the window has a
+  // rejection: asks, and repeats the run without the marked points.  It can be done once.
+  void Reanalyse(OpenAnalysis& open);
 
   // --- A data tool
 

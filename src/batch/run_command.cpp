@@ -20,6 +20,7 @@ struct RunOptions {
   DataSource data;
   std::vector<std::string> settings;
   std::optional<std::string> decimals, project;
+  bool reanalyse = false;
   Outputs outputs;
 };
 
@@ -34,7 +35,11 @@ ExitStatus RunOneAnalysis(const RunOptions& options) {
   if (options.project) workbench.project().Rename(*options.project);
   if (options.decimals) workbench.project().SetDecimals(*options.decimals);
 
-  const Outcome outcome = workbench.PressOk(open);
+  Outcome outcome = workbench.PressOk(open);
+  if (options.reanalyse && outcome == Outcome::kDone) {
+    workbench.Reanalyse(open);
+    outcome = open.results->outcome;
+  }
   HandOut(options.outputs, outcome, open, workbench, platform);
   return outcome == Outcome::kDone ? ExitStatus::kDone : ExitStatus::kRefused;
 }
@@ -56,6 +61,10 @@ void AddRunCommand(CLI::App& program, Task& chosen) {
          "--project", [options](const std::string& name) { options->project = name; },
          "The project's name on the results sheet")
       ->type_name("NAME");
+  run->add_flag(
+      "--reanalyse", options->reanalyse,
+      "Repeat a finished run without the outliers that it marked, where its window offers "
+      "that");
   AddOutputs(*run, options->outputs);
   run->footer(
       "The results sheet is printed as a table, unless --json - takes standard output.\n"

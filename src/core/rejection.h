@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/real.h"
@@ -20,6 +21,9 @@ struct Rejection {
   std::vector<std::string> retained_ids;
   // x and y, or x1, x2, y1 and y2: as the columns were read.
   std::array<Sample, 4> retained;
+
+  // The fields, by key, that a repetition reads anew.  All others keep their values.
+  std::vector<std::string_view> read_anew;
 };
 
 }  // namespace quorval

@@ -21,6 +21,7 @@ struct MessageBox {
   std::string title{};
   Buttons buttons = Buttons::kOk;
   bool critical = false;  // the icon
+  std::string beside{};   // a text in lines that is shown beside the box
 };
 
 // What a file dialog shows.
@@ -77,6 +78,10 @@ class Platform {
 
   virtual std::optional<int> Setting(std::string_view key) = 0;
   virtual void SetSetting(std::string_view key, int value) = 0;
+
+  // Keeps a picture, an SVG document, in a file.  False when it could not be written; a machine
+  // without a screen keeps none and is content.
+  virtual bool KeepPicture(std::string_view, const std::filesystem::path&) { return true; }
 
   // Opens a help file by name, at its contents or at its search.  False when there is none.
   virtual bool OpenHelp(std::string_view file, bool search) = 0;

@@ -300,6 +300,26 @@ TEST(Run, KeepsTheRowsWrittenBeforeBadDecimals) {
   }
 }
 
+// The notice with the points is no part of the question.
+TEST(Run, RepeatsWithoutTheOutliersOnce) {
+  const Arguments arguments{"run",   "deming",          "--demo",     "XY Regression Single",
+                            "--set", "outlier-limit=2", "--reanalyse"};
+  const Answered answer = RunForJson(arguments);
+  EXPECT_EQ(answer.status, 0);
+  ASSERT_EQ(answer.json["messages"].size(), 1U);
+  EXPECT_EQ(answer.json["messages"][0]["text"], "Repeat analysis without identified outliers ?");
+  EXPECT_EQ(answer.json["messages"][0]["buttons"], "yes-no");
+  std::map<Place, Json> cells = CellsOf(answer.json);
+  EXPECT_EQ(cells[Place(2, 1)]["text"],
+            "  Results of Deming Regression Analysis (re-analysis after outlier rejection)");
+  EXPECT_EQ(cells[Place(6, 2)]["text"], "24");
+
+  const Answered none =
+      RunForJson({"run", "deming", "--demo", "XY Regression Single", "--reanalyse"});
+  EXPECT_EQ(none.status, 0);
+  EXPECT_TRUE(none.json["messages"].empty());
+}
+
 TEST(Run, PrintsNoTableOfAWindowThatIsNotOpen) {
   const Ended ended =
       RunProgram({"run", "ols", "--demo", "XY Regression Single", "--set", "outlier-limit=-4"});

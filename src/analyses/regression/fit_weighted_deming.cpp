@@ -46,7 +46,7 @@ Rows RowsOf(const DuplicateMeasurements& measured) {
   return rows;
 }
 
-Lanes PowerOf(const Lanes& u, Single P) {
+[[gnu::always_inline]] inline Lanes PowerOf(const Lanes& u, Single P) {
   if (P == 0) return 1;
   if (P == 1) return u;
   if (P == 2) return u * u;
@@ -62,7 +62,7 @@ struct LineLanes {
     Lanes x_hat, y_hat;
   };
   // The point's estimated place on the line.
-  Place PlaceOf(const Lanes& x, const Lanes& y) const {
+  [[gnu::always_inline]] Place PlaceOf(const Lanes& x, const Lanes& y) const {
     const Lanes d = y - (mean_y + b * (x - mean_x));
     return {x + lambda * b * d / g, y - d / g};
   }
@@ -82,7 +82,7 @@ struct WeightLanes {
     at_limit = 1 / PowerOf(T, P);
   }
 
-  Lanes At(const Lanes& x_hat, const Lanes& y_hat) const {
+  [[gnu::always_inline]] Lanes At(const Lanes& x_hat, const Lanes& y_hat) const {
     const Lanes place = x_hat + lambda * y_hat;
     const LaneMask below = truncates ? place <= most : LaneMask(false);
     if (all_of(below)) return at_limit;
@@ -97,6 +97,14 @@ struct StepSums {
   Lanes Sw = 0, mean_x = 0, mean_y = 0;
   Lanes Sxx = 0, Syy = 0, Sxy = 0;
   Lanes A = 0, B = 0;
+
+  [[gnu::always_inline]] void Add(const Lanes& w, double x, double y) {
+    const Lanes dx = mean_x - x;
+    const Lanes dy = mean_y - y;
+    Sxx = Round32(Sxx + w * (dx * dx));
+    Syy += w * (dy * dy);
+    Sxy += w * dx * dy;
+  }
 };
 
 // Some fits at their current lines, each without a row of its own.
@@ -189,20 +197,13 @@ class FitBlock {
     }
     sums.mean_x /= sums.Sw;
     sums.mean_y /= sums.Sw;
-    const auto add = [&](const Lanes& w, double x, double y) {
-      const Lanes dx = sums.mean_x - x;
-      const Lanes dy = sums.mean_y - y;
-      sums.Sxx = Round32(sums.Sxx + w * (dx * dx));
-      sums.Syy += w * (dy * dy);
-      sums.Sxy += w * dx * dy;
-    };
     for (std::size_t i = 0; i < rows_.Count(); ++i) {
       if (!rows_.Duplicate()) {
-        add(w_[i], rows_.x[i], rows_.y[i]);
+        sums.Add(w_[i], rows_.x[i], rows_.y[i]);
         continue;
       }
-      add(w_[i], rows_.x[2 * i], rows_.y[2 * i]);
-      add(w_[i], rows_.x[2 * i + 1], rows_.y[2 * i + 1]);
+      sums.Add(w_[i], rows_.x[2 * i], rows_.y[2 * i]);
+      sums.Add(w_[i], rows_.x[2 * i + 1], rows_.y[2 * i + 1]);
       sums.A += w_[i] * rows_.A[i];
       sums.B += w_[i] * rows_.B[i];
     }

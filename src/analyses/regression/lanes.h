@@ -11,8 +11,11 @@ using Lanes = std::experimental::fixed_size_simd<double, kLanes>;
 using SingleLanes = std::experimental::fixed_size_simd<float, kLanes>;
 using LaneMask = Lanes::mask_type;
 
+// What is called for every point is inlined whatever its size: a call passes lanes through memory,
+// and the sums wait for it.
+
 // Each lane rounded to 32 bits.
-inline Lanes Round32(const Lanes& a) {
+[[gnu::always_inline]] inline Lanes Round32(const Lanes& a) {
   return std::experimental::static_simd_cast<double>(std::experimental::static_simd_cast<float>(a));
 }
 

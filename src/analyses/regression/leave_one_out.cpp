@@ -31,7 +31,7 @@ struct LaneScatter {
   Lanes mean_x, mean_y;
   Lanes Sxx = 0, Syy = 0, Sxy = 0;
 
-  void Add(double x, double y) {
+  [[gnu::always_inline]] void Add(double x, double y) {
     const Lanes dx = mean_x - x;
     const Lanes dy = mean_y - y;
     Sxx = Round32(Sxx + dx * dx);

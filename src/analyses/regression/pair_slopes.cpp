@@ -154,16 +154,27 @@ PairSlopes::Place PairSlopes::PlaceOf(double t) {
 
 // --- Ranks
 
+bool PairSlopes::Window::Holds(std::int64_t rank) const {
+  return below < rank && rank <= below + std::ssize(slopes);
+}
+
+// Selects between the neighbours that were selected before.
+double PairSlopes::Window::Nth(std::int64_t rank) {
+  const std::ptrdiff_t at = rank - below - 1;
+  const auto next = std::ranges::lower_bound(placed, at);
+  if (next == placed.end() || *next != at) {
+    const auto first = slopes.begin() + (next == placed.begin() ? 0 : *(next - 1) + 1);
+    const auto end = next == placed.end() ? slopes.end() : slopes.begin() + *next;
+    std::nth_element(first, slopes.begin() + at, end);
+    placed.insert(next, at);
+  }
+  return slopes[static_cast<std::size_t>(at)];
+}
+
 double PairSlopes::Nth(std::int64_t rank) {
-  for (Window& window : windows_) {
-    const auto size = static_cast<std::int64_t>(window.slopes.size());
-    if (window.below < rank && rank <= window.below + size)
-      return Select(window.slopes, rank - window.below);
-  }
-  if (auto window = WindowAround(rank)) {
-    windows_.push_back(std::move(*window));
-    return Select(windows_.back().slopes, rank - windows_.back().below);
-  }
+  for (Window& window : windows_)
+    if (window.Holds(rank)) return window.Nth(rank);
+  if (auto window = WindowAround(rank)) return windows_.emplace_back(std::move(*window)).Nth(rank);
   return SelectByPasses(rank);
 }
 
@@ -215,7 +226,8 @@ bool PairSlopes::Narrow(Order& lo, Order& hi, std::int64_t rank) const {
 // None where rounding errors leave the order of the points in doubt.
 std::optional<PairSlopes::Window> PairSlopes::WindowAround(std::int64_t rank) {
   if (count_ <= kGathered) {
-    Window all{.lo = -kInfinity, .hi = kInfinity, .below = 0, .slopes = {}};
+    Window all{.lo = -kInfinity, .hi = kInfinity, .below = 0};
+    all.slopes.reserve(static_cast<std::size_t>(count_));
     ForEach([&](double slope) { all.slopes.push_back(slope); });
     return all;
   }
@@ -227,7 +239,7 @@ std::optional<PairSlopes::Window> PairSlopes::WindowAround(std::int64_t rank) {
   if (!hi || hi->below < rank) hi = OrderNear(2 * steepest_ + 1, 1);
   if (!lo || !hi || lo->below >= rank || hi->below < rank || !Narrow(*lo, *hi, rank))
     return std::nullopt;
-  Window window{.lo = lo->t, .hi = hi->t, .below = lo->below, .slopes = {}};
+  Window window{.lo = lo->t, .hi = hi->t, .below = lo->below};
   ForEachBetween(*lo, *hi, [&](double slope) { window.slopes.push_back(slope); });
   return window;
 }

@@ -46,11 +46,15 @@ class PairSlopes {
     std::int64_t below = 0;
     std::vector<Keyed> points{};
   };
-  // All slopes from `lo` to `hi`, in any order.
+  // All slopes from `lo` to `hi`.
   struct Window {
     double lo, hi;
     std::int64_t below;  // slopes below `lo`
-    std::vector<double> slopes;
+    std::vector<double> slopes{};
+    std::vector<std::ptrdiff_t> placed{};  // slopes at their places, none smaller behind them
+
+    bool Holds(std::int64_t rank) const;
+    double Nth(std::int64_t rank);
   };
 
   double Slope(std::size_t i, std::size_t j) const {

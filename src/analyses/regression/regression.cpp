@@ -100,6 +100,7 @@ void KeepForReanalysis(Run& run, const Pairs& data, const OutlierMarks& outliers
   if (outliers.count == 0) return;
   Rejection& kept = run.rejection.emplace();
   kept.limit = run.form.Number32(kOutlierLimit);
+  kept.read_anew = {kXc1.key, kXc2.key};
   for (std::size_t i = 0; i < data.x.size(); ++i) {
     if (outliers.flags[i]) {
       kept.rejected.push_back({data.ids[i], data.x[i], data.y[i]});
