@@ -163,14 +163,14 @@ INSTANTIATE_TEST_SUITE_P(
                1,
                {"  Results of Weighted Deming Regression Analysis",
                 "  Re-analysis after outlier rejection"},
-               3,
+               5,
                43,
                57},
         Method{&regression::kWeightedDeming,
                "duplicate",
                1,
                {"  Results of Weighted Deming Regression Analysis", "  after outlier rejection"},
-               3,
+               5,
                43,
                57}));
 
