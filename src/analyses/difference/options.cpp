@@ -1,7 +1,5 @@
 #include "analyses/difference/options.h"
 
-#include "core/conversion.h"
-
 namespace quorval::difference {
 namespace {
 
@@ -83,11 +81,6 @@ constexpr Field kFields[] = {
     kSupplButton,
 };
 
-// A 32-bit number that the whole field must be.
-Single WholeNumber32(const Form& form, const Field& field) {
-  return Single(ToNumber(form.Text(field)));
-}
-
 bool OutsideWorksheet(const Form& form, const Field& field) {
   const int column = form.Column(field);
   return column < 1 || column > Worksheet::kColumns;
@@ -109,7 +102,7 @@ constexpr Rule kRules[] = {
               (OutsideWorksheet(form, Text12) || OutsideWorksheet(form, Text13));
      },
      kColumnsRefused},
-    {[](const Form& form) { return WholeNumber32(form, kOutlierLimit) <= 0; },
+    {[](const Form& form) { return form.WholeNumber32(kOutlierLimit) <= 0; },
      "Incompatible option value(s)"},
 };
 
@@ -125,12 +118,12 @@ static_assert(WellFormed(frmBAOpt));
 
 Options ReadOptions(const Form& form) {
   return {.scale = {.percent = form.Is(kScale, "percent")},
-          .outlier_limit = WholeNumber32(form, kOutlierLimit),
+          .outlier_limit = form.WholeNumber32(kOutlierLimit),
           .show_data = form.On(kShowData)};
 }
 
 std::optional<UserLimits> ReadUserLimits(const Form& form) {
-  const auto number = [&](const Field& field) { return WholeNumber32(form, field); };
+  const auto number = [&](const Field& field) { return form.WholeNumber32(field); };
   if (form.Is(kLimits, "a"))
     return UserLimits{.kind = LimitKind::kConstant, .constant = number(kAConstant)};
   if (form.Is(kLimits, "b"))
