@@ -3,10 +3,12 @@
 #include <sys/resource.h>
 
 #include <filesystem>
+#include <map>
 #include <random>
 
 #include "core/worksheet.h"
 #include "formats/project_file.h"
+#include "formats/worksheet_file.h"
 
 namespace quorval {
 namespace {
@@ -49,6 +51,31 @@ void OpenProject(benchmark::State& state) {
   state.counters["MB"] = PeakMegabytes();
 }
 BENCHMARK(OpenProject)->Arg(1)->Arg(20)->Arg(500)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void WriteFile(benchmark::State& state, const char* extension) {
+  const Worksheet& worksheet = Filled(static_cast<int>(state.range(0)));
+  for (auto _ : state) WriteGrid(PathOf(extension), worksheet.grid());
+  state.counters["MB"] = PeakMegabytes();
+  state.counters["file MB"] =
+      static_cast<double>(std::filesystem::file_size(PathOf(extension))) / 1e6;
+}
+
+void ReadFile(benchmark::State& state, const char* extension) {
+  WriteGrid(PathOf(extension), Filled(static_cast<int>(state.range(0))).grid());
+  for (auto _ : state) {
+    Worksheet worksheet;
+    ReadWorksheet(PathOf(extension), worksheet);
+    benchmark::DoNotOptimize(worksheet);
+  }
+  state.counters["MB"] = PeakMegabytes();
+}
+
+BENCHMARK_CAPTURE(WriteFile, xls, ".xls")->Arg(20)->Arg(256)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadFile, xls, ".xls")->Arg(20)->Arg(256)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(WriteFile, xlsx, ".xlsx")->Arg(20)->Arg(500)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadFile, xlsx, ".xlsx")->Arg(20)->Arg(500)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(WriteFile, csv, ".csv")->Arg(20)->Arg(500)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadFile, csv, ".csv")->Arg(20)->Arg(500)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace quorval
