@@ -7,6 +7,7 @@
 
 #include "desktop/help_window.h"
 #include "desktop/print_preview.h"
+#include "painting/byte_file.h"
 #include "painting/picture.h"
 #include "painting/qt_text.h"
 
@@ -51,6 +52,7 @@ Answer QtPlatform::Show(const MessageBox& box) {
   window.setTextFormat(Qt::PlainText);
   window.setWindowTitle(ToQt(box.title));
   window.setText(ToQt(box.text));
+  window.setInformativeText(ToQt(box.beside));
   window.setIcon(box.critical ? QMessageBox::Critical : QMessageBox::NoIcon);
   if (box.buttons == Buttons::kOk) {
     window.setStandardButtons(QMessageBox::Ok);
@@ -85,6 +87,10 @@ bool QtPlatform::Print(std::span<const PrintJob> jobs) {
 
 bool QtPlatform::WritePicture(const Plot& plot, const std::filesystem::path& path) {
   return quorval::WritePicture(plot, path);
+}
+
+bool QtPlatform::KeepPicture(std::string_view svg, const std::filesystem::path& path) {
+  return WriteBytes(QByteArray(svg.data(), static_cast<qsizetype>(svg.size())), path);
 }
 
 std::optional<int> QtPlatform::Setting(std::string_view key) {

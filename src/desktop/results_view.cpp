@@ -1,11 +1,11 @@
 #include "desktop/results_view.h"
 
 #include <QCloseEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QToolBar>
 #include <vector>
 
 #include "desktop/about_box.h"
@@ -36,6 +36,7 @@ ResultsView::ResultsView(Workbench& workbench, OpenAnalysis& open, QWidget* pare
   MakeFileMenu();
   MakeHelpMenu();
   MakePlotButton();
+  MakeRejectionBar();
   connect(sheet_, &SheetView::Told, statusBar(),
           [this](const QString& text) { statusBar()->showMessage(text); });
   resize(900, 650);
@@ -46,6 +47,7 @@ ResultsView::ResultsView(Workbench& workbench, OpenAnalysis& open, QWidget* pare
 void ResultsView::Refresh() {
   setWindowTitle(ToQt(open_.results->title));
   sheet_->Refresh();
+  rejection_bar_->setVisible(open_.results->rejection.has_value());
 }
 
 void ResultsView::closeEvent(QCloseEvent* event) {
@@ -105,6 +107,21 @@ void ResultsView::MakePlotButton() {
   QToolBar* const bar = addToolBar("Plots");
   bar->setMovable(false);
   bar->addWidget(button);
+}
+
+void ResultsView::MakeRejectionBar() {
+  auto* const button = new QPushButton("Outlier rejection");
+  button->setObjectName("outlier-rejection");
+  connect(button, &QPushButton::clicked, this, [this] {
+    sheet_->EndEditing();
+    workbench_.Reanalyse(open_);
+    Refresh();
+    emit Commanded();
+  });
+  rejection_bar_ = addToolBar("Outlier rejection");
+  rejection_bar_->setMovable(false);
+  rejection_bar_->addWidget(new QLabel(" Regression estimates  "));
+  rejection_bar_->addWidget(button);
 }
 
 void ResultsView::PrintPlots(std::string_view entry) {

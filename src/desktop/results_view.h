@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QToolBar>
 
 #include "app/workbench.h"
 
@@ -34,11 +35,13 @@ class ResultsView : public QMainWindow {
   void MakeFileMenu();
   void MakeHelpMenu();
   void MakePlotButton();
+  void MakeRejectionBar();
   void PrintPlots(std::string_view entry);
 
   Workbench& workbench_;
   OpenAnalysis& open_;
   SheetView* sheet_;
+  QToolBar* rejection_bar_ = nullptr;  // there while the marked points can be left out
 };
 
 }  // namespace quorval

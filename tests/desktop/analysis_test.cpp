@@ -193,5 +193,22 @@ TEST_F(AnalysisTest, ShowsHelpForTheAnalysis) {
   EXPECT_EQ(platform.boxes.size(), 1U);
 }
 
+TEST_F(AnalysisTest, RepeatsARunWithoutItsOutliersOnce) {
+  Choose(window, "XY Regression Single");
+  Choose(window, "D&eming Regression Analysis");
+  dialog = Shown<DialogView>("MCstatF3so");
+  SetField("outlier-limit", "2");
+  In<QPushButton>(*dialog, "ok").click();
+  Settle();
+  results = Shown<ResultsView>("MCstatF3s");
+  auto& button = In<QPushButton>(*results, "outlier-rejection");
+  ASSERT_TRUE(button.isVisible());
+  button.click();
+  EXPECT_THAT(platform.boxes, ElementsAre("Repeat analysis without identified outliers ?"));
+  EXPECT_FALSE(button.isVisible());
+  EXPECT_EQ(results->sheet().model()->index(1, 0).data().toString(),
+            "  Results of Deming Regression Analysis (re-analysis after outlier rejection)");
+}
+
 }  // namespace
 }  // namespace quorval
