@@ -10,6 +10,7 @@
 #include "formats/worksheet_file.h"
 #include "formats/xls.h"
 #include "formats/zip.h"
+#include "support/data_folder.h"
 #include "support/temporary_folder.h"
 
 namespace quorval {
@@ -177,7 +178,7 @@ TEST(Workbooks, OfOtherProgramsAreRead) {
   for (const char* name :
        {"written_by_xlwt.xls", "written_by_openpyxl.xlsx", "written_by_libreoffice.xls",
         "written_by_libreoffice.xlsx", "written_by_libreoffice.ods"}) {
-    const std::filesystem::path path = std::filesystem::path(TEST_DATA) / name;
+    const std::filesystem::path path = std::filesystem::path(test::DataFolder()) / name;
     ASSERT_TRUE(IsWorkbook(path)) << name;
     EXPECT_THAT(SheetNames(path), ElementsAre("Data", "Second"));
     const Worksheet sheet = ReadFirstSheet(path);
