@@ -40,10 +40,13 @@ gsf::Owner<GsfInput> ZipReader::Find(std::string_view part) const {
 bool ZipReader::Has(std::string_view part) const { return Find(part) != nullptr; }
 
 std::optional<std::string> ZipReader::Read(std::string_view part) const {
-  constexpr gsf_off_t kLargest = gsf_off_t{1} << 30;
+  constexpr gsf_off_t kLargest = gsf_off_t{512} << 20;
+  constexpr gsf_off_t kMostGrowth = 1032;  // deflate can do no more
   const gsf::Owner<GsfInput> found = Find(part);
   if (!found) return std::nullopt;
-  if (gsf_input_size(found.get()) > kLargest) throw FileError("the workbook is too large");
+  const gsf_off_t size = gsf_input_size(found.get());
+  if (size > kLargest) throw FileError("the workbook is too large");
+  if (size / kMostGrowth > gsf_input_size(file_.get())) throw FileError("the workbook is damaged");
   return gsf::ReadAll(found);
 }
 

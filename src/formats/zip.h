@@ -18,7 +18,7 @@ class ZipReader {
 
   bool Has(std::string_view part) const;
   // The bytes of a part, "folder/name"; none where there is no such part.  Throws a FileError of a
-  // damaged one and of one that would unpack to more than 1 GiB.
+  // damaged one and of one that would unpack to more than 512 MiB.
   std::optional<std::string> Read(std::string_view part) const;
 
  private:
