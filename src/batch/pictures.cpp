@@ -3,6 +3,7 @@
 #ifdef QUORVAL_PICTURES
 
 #include <QApplication>
+#include <QLocale>
 #include <QTemporaryDir>
 #include <iostream>
 
@@ -17,9 +18,10 @@ void PassOnFailures(QtMsgType type, const QMessageLogContext&, const QString& te
   if (type == QtCriticalMsg || type == QtFatalMsg) std::cerr << text.toStdString() << '\n';
 }
 
-// No display is asked for, whatever the environment says.
+// No display is asked for, whatever the environment says, and numbers hold the point.
 bool Prepare() {
   qInstallMessageHandler(PassOnFailures);
+  QLocale::setDefault(QLocale::c());
   return qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
