@@ -64,6 +64,18 @@ std::optional<std::string_view> WholeNumber(std::string_view text) {
   return rest.substr(0, length);
 }
 
+// The shortest digits that read back to the same number of this width; a zero has no sign.
+template <class Float>
+std::string ShortestDigits(Float value) {
+  const Float size = std::fabs(value);
+  const bool plain = size == 0 || (size >= Float(1e-5) && size < Float(1e15));
+  std::array<char, 64> buffer;
+  const auto end =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), size == 0 ? size : value,
+                    plain ? std::chars_format::fixed : std::chars_format::scientific);
+  return {buffer.data(), end.ptr};
+}
+
 }  // namespace
 
 bool IsNumber(std::string_view text) { return WholeNumber(text).has_value(); }
@@ -101,14 +113,11 @@ Sample ToNumbers(std::span<const std::string> texts) {
   return numbers;
 }
 
-std::string ShortestText(Real value) {
-  const double size = std::fabs(Raw(value));
-  const bool plain = size == 0 || (size >= 1e-5 && size < 1e15);
-  std::array<char, 64> buffer;
-  const auto end =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), size == 0 ? 0.0 : Raw(value),
-                    plain ? std::chars_format::fixed : std::chars_format::scientific);
-  return {buffer.data(), end.ptr};
+std::string ShortestText(Real value) { return ShortestDigits(Raw(value)); }
+
+std::string NarrowestText(Real value) {
+  const auto narrow = static_cast<float>(Raw(value));
+  return narrow == Raw(value) ? ShortestDigits(narrow) : ShortestText(value);
 }
 
 std::string FixedText(Real value, int decimals) {

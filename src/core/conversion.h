@@ -34,6 +34,9 @@ Sample ToNumbers(std::span<const std::string> texts);
 // The shortest digits that read back to the same double, without an exponent from 1e-5 to below
 // 1e15.
 std::string ShortestText(Real value);
+// The same, but where 32 bits hold the number the shortest digits that read back to it in that
+// width: what was typed as 11.874 and rounded to 32 bits is 11.874 again.
+std::string NarrowestText(Real value);
 
 // The value rounded to `decimals` digits behind the point; a zero has no sign.
 std::string FixedText(Real value, int decimals);

@@ -48,7 +48,7 @@ std::vector<std::string> NoticeOf(const Rejection& rejection) {
       lines.emplace_back("   More than 10 outliers that are not shown");
       break;
     }
-    lines.push_back(id + "   " + ShortestText(x) + "   " + ShortestText(y));
+    lines.push_back(id + "   " + NarrowestText(x) + "   " + NarrowestText(y));
   }
   return lines;
 }

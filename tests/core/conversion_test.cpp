@@ -65,6 +65,14 @@ TEST(ShortestText, HasNoExponentInTheUsualRange) {
   for (const auto& [value, text] : texts) EXPECT_EQ(ShortestText(value), text);
 }
 
+TEST(NarrowestText, HasNoMoreDigitsThanTheWidthOfItsNumber) {
+  for (std::string_view text : {"11.874", "0.1", "19.25", "0"})
+    EXPECT_EQ(NarrowestText(Single(ToNumber(text))), text);
+  EXPECT_EQ(NarrowestText(11.874), "11.874");
+  EXPECT_EQ(NarrowestText(1e200), "1e+200");
+  EXPECT_EQ(ShortestText(Single(11.874)), "11.87399959564209");
+}
+
 TEST(ShortestText, ReadsBackToTheSameDouble) {
   for (double value : {0.1, 1.0 / 3, 1e22, 5e-324, 1.7976931348623157e308, 123456.789e-9})
     EXPECT_EQ(Raw(ToNumber(ShortestText(value))), value);
