@@ -90,10 +90,17 @@ QModelIndex CellDelegate::OverflowInto(const QModelIndex& index) const {
   return {};
 }
 
+// A text runs over empty neighbours, as in any spreadsheet; only where the next cell is taken does
+// it end in "...".  Numbers stay in their cells.
+bool CellDelegate::MayRunOver(const QModelIndex& index) const {
+  if (model_.At(index).look.overflow) return true;
+  const QModelIndex next = index.siblingAtColumn(index.column() + 1);
+  return !AlignmentOf(index).testFlag(Qt::AlignRight) && next.isValid() && model_.At(next).Empty();
+}
+
 // Whether the text of `source` reaches the empty cell `index` further right.
 bool CellDelegate::RunsOver(const QModelIndex& source, const QModelIndex& index) const {
-  const Cell& cell = model_.At(source);
-  if (!cell.look.overflow || !model_.At(index).Empty()) return false;
+  if (!MayRunOver(source) || !model_.At(index).Empty()) return false;
   if (AlignmentOf(source).testFlag(Qt::AlignRight)) return false;
   const int room =
       view_.columnViewportPosition(index.column()) - view_.columnViewportPosition(source.column());
@@ -111,7 +118,7 @@ void CellDelegate::DrawText(QPainter& painter, const QRect& cell, const QModelIn
   if (text.isEmpty()) return;
   painter.setFont(FontOf(index, view_.font()));
   QRect place = cell.adjusted(kTextMargin, 0, -kTextMargin, 0);
-  if (model_.At(index).look.overflow) {
+  if (MayRunOver(index)) {
     place.setLeft(view_.columnViewportPosition(index.column()) + kTextMargin);
     place.setWidth(std::max(place.width(), WidthOf(index)));
   } else {

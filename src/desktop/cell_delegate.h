@@ -29,6 +29,7 @@ class CellDelegate : public QStyledItemDelegate {
 
  private:
   QModelIndex OverflowInto(const QModelIndex& index) const;
+  bool MayRunOver(const QModelIndex& index) const;
   bool RunsOver(const QModelIndex& source, const QModelIndex& index) const;
   int WidthOf(const QModelIndex& index) const;
   void DrawText(QPainter& painter, const QRect& cell, const QModelIndex& index) const;
