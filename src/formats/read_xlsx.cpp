@@ -59,7 +59,7 @@ struct RelationReader {
 template <class Reader>
 Reader ReadPart(const ZipReader& zip, std::string_view part) {
   Reader reader;
-  if (const auto text = zip.Read(part)) xml::Parse(*text, reader);
+  if (auto text = zip.Read(part)) xml::Parse(std::move(*text), reader);
   return reader;
 }
 
@@ -228,12 +228,12 @@ Worksheet ReadXlsx(const std::filesystem::path& path) {
   const ZipReader zip(path);
   const WorkbookReader workbook = ReadWorkbook(zip);
   if (workbook.sheets.empty()) throw FileError("the workbook has no sheet");
-  const auto sheet = zip.Read(PartOf(workbook.sheets.front(), zip));
+  auto sheet = zip.Read(PartOf(workbook.sheets.front(), zip));
   if (!sheet) throw FileError("the workbook is damaged");
   const auto texts = ReadPart<TextReader>(zip, "xl/sharedStrings.xml").texts;
   const auto kinds = ReadPart<StyleReader>(zip, "xl/styles.xml").kinds;
   SheetReader reader(texts, kinds, workbook.dates);
-  xml::Parse(*sheet, reader);
+  xml::Parse(std::move(*sheet), reader);
   return std::move(reader).Result();
 }
 

@@ -249,6 +249,9 @@ TEST(Workbooks, AreRefusedWhereTheyMakeNoSense) {
        "</worksheet>",
        "10000 rows"},
       {"<worksheet><sheetData><row><c t='s'><v>7</v></c></row></sheetData></worksheet>", "damaged"},
+      {"<worksheet><sheetData a=\"&amp;", "damaged"},  // broken off inside a tag
+      {"<worksheet><sheetData a='&amp;", "damaged"},
+      {"<worksheet><sheetData", "damaged"},
       {"no xml", "damaged"},
       {"", "damaged"},
   };
