@@ -56,7 +56,8 @@ void SheetView::FitColumns() {
     int width = kColumnWidth - kPadding;
     for (int row = 1; row <= rows; ++row) {
       const Cell& cell = grid.At(column, row);
-      if (cell.Empty() || cell.look.overflow) continue;
+      const bool runs_over = cell.look.overflow && grid.At(column + 1, row).Empty();
+      if (cell.Empty() || runs_over) continue;
       const QFontMetrics& metrics = cell.look.bold ? bold : plain;
       width = std::max(width, metrics.horizontalAdvance(ToQt(cell.Text())));
     }

@@ -39,7 +39,7 @@ std::vector<LongText> FitColumns(const Grid& grid, const PageRoom& room, PageLay
       if (text <= width) continue;
       if (ShowsNumber(cell)) {
         width = std::min(text, room.width);
-      } else if (cell.look.overflow || text > widest) {
+      } else if ((cell.look.overflow && grid.At(column + 1, row).Empty()) || text > widest) {
         long_texts.push_back({column, row, text});
       } else {
         width = text;
