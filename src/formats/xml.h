@@ -63,10 +63,14 @@ class Handler : public orcus::sax_handler {
   Attributes attributes_;
 };
 
+// Throws a FileError where the text refers by number to no character: the parser would not return.
+void RefuseBadReferences(std::string_view text);
+
 // Throws a FileError where the text is no XML; what stands behind its root element is not looked
 // at.
 template <class Reader>
 void Parse(std::string text, Reader& reader) {
+  RefuseBadReferences(text);
   // The parser may step over the end of a text that breaks off inside a tag, and does not find
   // back.  These close a value in either kind of quotes and are an error behind it, as in any other
   // place, well before that end.

@@ -252,6 +252,8 @@ TEST(Workbooks, AreRefusedWhereTheyMakeNoSense) {
       {"<worksheet><sheetData a=\"&amp;", "damaged"},  // broken off inside a tag
       {"<worksheet><sheetData a='&amp;", "damaged"},
       {"<worksheet><sheetData", "damaged"},
+      {"<worksheet>&#x200000;</worksheet>", "damaged"},
+      {"<worksheet>&#9999999999;</worksheet>", "damaged"},
       {"no xml", "damaged"},
       {"", "damaged"},
   };
