@@ -7,19 +7,23 @@
 
 namespace quorval {
 
+namespace {
+
+// A column that grows beyond this gets room for all rows, so that its cells move no more; what is
+// not written to takes no memory of the machine's.
+constexpr std::size_t kRowsBeforeAll = 1024;
+
+}  // namespace
+
 std::string Cell::Text() const {
   if (look.type == CellType::kNumber && value) return FixedText(*value, look.decimals);
-  return text;
+  return Value();
 }
 
-std::string Cell::Value() const {
-  if (look.type == CellType::kNumber && value) return ShortestText(*value);
-  return text;
-}
+std::string Cell::Value() const { return value ? ShortestText(*value) : text; }
 
 Cell EditNumber(Real value) {
   Cell cell;
-  cell.text = ShortestText(value);
   cell.value = Raw(value);
   return cell;
 }
@@ -36,7 +40,10 @@ Cell& Grid::Edit(int column, int row) {
   if (row < 1 || row > rows_) throw std::out_of_range("row");
   auto& cells = cells_.at(static_cast<std::size_t>(column - 1));
   const auto index = static_cast<std::size_t>(row - 1);
-  if (index >= cells.size()) cells.resize(index + 1);
+  if (index >= cells.size()) {
+    if (index >= kRowsBeforeAll) cells.reserve(static_cast<std::size_t>(rows_));
+    cells.resize(index + 1);
+  }
   return cells[index];
 }
 
@@ -55,8 +62,8 @@ void Grid::SetText(int column, int row, std::string_view text) {
 
 void Grid::SetValue(int column, int row, Real value) {
   Cell& cell = Edit(column, row);
+  cell.text.clear();
   cell.value = Raw(value);
-  if (cell.look.type != CellType::kNumber) cell.text = ShortestText(value);
 }
 
 void Grid::SetNumber(int column, int row, Real value, std::uint8_t decimals) {

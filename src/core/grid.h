@@ -37,15 +37,16 @@ struct CellLook {
 };
 
 struct Cell {
-  std::string text;             // of an edit cell, as typed
+  std::string text;             // as typed; empty in a cell that holds a number of the program's
   std::optional<double> value;  // a number that the program wrote; finite
   CellLook look;
   Picture picture;
 
   bool Empty() const { return text.empty() && !value && !picture; }
-  // What is shown: a number cell's value rounded to its decimals, else the text.
+  // What is shown: the text, or the value: rounded to a number cell's decimals, in an edit cell by
+  // its shortest digits.
   std::string Text() const;
-  // The content without display formatting; a number cell's with all its digits.
+  // The content without display formatting: the text, or the value with all its digits.
   std::string Value() const;
 
   bool operator==(const Cell&) const = default;

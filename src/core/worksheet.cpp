@@ -19,8 +19,6 @@ void Worksheet::PaintHeader() {
   for (int column = 1; column <= kColumns; ++column) {
     Cell& cell = grid_.Edit(column, 1);
     cell.look.colour = kGrey;
-    if (cell.look.type == CellType::kEdit) continue;
-    cell.text = cell.Value();
     cell.look.type = CellType::kEdit;
   }
 }

@@ -148,10 +148,10 @@ SavedGrid ReadCells(const Database& database) {
     cell.look = *look;
     const bool has_text = !read.IsNull(2);
     const bool has_value = !read.IsNull(3);
-    if (has_text) cell.text = read.Text(2);
-    if (has_value) cell.value = Raw(Real(read.Number(3)));
-    if (has_value && !has_text && cell.look.type != CellType::kNumber)
-      cell.text = ShortestText(*cell.value);
+    if (has_value)
+      cell.value = Raw(Real(read.Number(3)));
+    else if (has_text)
+      cell.text = read.Text(2);
     if (!read.IsNull(5)) cell.picture = Known(pictures, read.Integer(5));
     if (has_text || has_value || cell.picture) saved.rows = std::max(saved.rows, row);
   }

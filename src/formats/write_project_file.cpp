@@ -54,7 +54,7 @@ class Writer {
   void Write(int column, int row, const Cell& cell) {
     cell_.Bind(1, std::int64_t{column});
     cell_.Bind(2, std::int64_t{row});
-    if (cell.text.empty() || (cell.value && cell.text == ShortestText(*cell.value))) {
+    if (cell.text.empty()) {
       cell_.Bind(3, nullptr);
     } else {
       cell_.Bind(3, cell.text);
