@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/caption.h"
+#include "desktop/mnemonics.h"
 
 namespace quorval {
 namespace {
@@ -28,6 +29,7 @@ ChooserView::ChooserView(const MenuEntry& entry, QWidget* parent) : QDialog(pare
     auto* const frame = new QGroupBox(PlainCaption(choice.caption));
     auto* const enter = new QPushButton("Enter");
     enter->setEnabled(choice.analysis != nullptr);
+    enter->setAccessibleName(frame->title());
     auto* const line = new QHBoxLayout(frame);
     line->addStretch();
     line->addWidget(enter);
@@ -38,6 +40,7 @@ ChooserView::ChooserView(const MenuEntry& entry, QWidget* parent) : QDialog(pare
   auto* const exit = new QPushButton("Exit");
   layout->addWidget(exit, 0, Qt::AlignRight);
   connect(exit, &QPushButton::clicked, this, &QDialog::close);
+  GiveMnemonics(*this);
 }
 
 }  // namespace quorval

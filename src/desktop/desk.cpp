@@ -168,8 +168,6 @@ void Desk::ShowPlot(const Plot& plot, ResultsView& owner) {
   if (window.view) return window.view->Refresh();
   window = {new PlotView(workbench_, plot.window, &owner), &owner};
   connect(window.view, &PlotView::AddedToSheet, this, &Desk::Reconcile);
-  // A dialog stays above the results that it belongs to, which fill the screen.
-  window.view->setWindowFlags(Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
   window.view->setGeometry(PlotPlace(static_cast<int>(plots_.size()) - 1));
   window.view->show();
 }

@@ -15,6 +15,7 @@
 
 #include "desktop/caption.h"
 #include "desktop/field_text.h"
+#include "desktop/mnemonics.h"
 #include "painting/cell_text.h"
 
 namespace quorval {
@@ -32,6 +33,12 @@ QString InLines(QString caption) {
     caption[at = blank] = '\n';
   }
   return caption;
+}
+
+// Labels keep their underlined letter as long as their text stays.
+void SetCaption(QLabel& label, std::string_view caption) {
+  const QString plain = PlainCaption(caption);
+  if (Unmarked(label.text()) != plain) label.setText(plain);
 }
 
 bool StandsBeside(const Field& field) { return !field.beside.key.empty(); }
@@ -70,7 +77,7 @@ void DialogView::Refresh() {
     const bool shown = form_.Holds(field.shown), enabled = form_.Holds(field.enabled);
     const bool renamed = !field.renamed.key.empty() && form_.Holds(field.renamed);
     if (row.caption != nullptr)
-      row.caption->setText(PlainCaption(renamed ? field.other_caption : field.caption));
+      SetCaption(*row.caption, renamed ? field.other_caption : field.caption);
     for (QWidget* widget : row.widgets) {
       widget->setVisible(shown);
       widget->setEnabled(enabled);
@@ -83,6 +90,7 @@ void DialogView::Refresh() {
     group->setHidden(
         std::ranges::all_of(rows_, [&](const Row& row) { return !in_group(row) || hidden(row); }));
   }
+  GiveMnemonics(*this);
 }
 
 // Fields of one group that follow one another share a frame.
@@ -134,7 +142,6 @@ QWidget* DialogView::AddEditor(const Field& field, Row& row) {
   auto* const editor = new QLineEdit;
   editor->setObjectName(NameOf(field));
   editor->setFixedWidth(kEditorWidth);
-  editor->setAccessibleName(ToQt(field.caption));
   connect(editor, &QLineEdit::textEdited, this,
           [this, &field](const QString& typed) { Change(field, StoredFieldText(typed, locale_)); });
   row.widgets.push_back(editor);
@@ -148,7 +155,10 @@ DialogView::Row DialogView::TextRow(const Field& field, QGridLayout& grid) {
   Row row{&field, nullptr, {}, {}};
   row.caption = AddLabel(field.caption, grid, 1);
   row.widgets.push_back(row.caption);
-  grid.addWidget(AddEditor(field, row), grid.rowCount() - 1, 1, 1, 2);
+  QWidget* const editor = AddEditor(field, row);
+  row.caption->setBuddy(editor);
+  if (field.caption.empty()) editor->setAccessibleName(ToQt(field.group));
+  grid.addWidget(editor, grid.rowCount() - 1, 1, 1, 2);
   return row;
 }
 
@@ -189,8 +199,10 @@ void DialogView::AddBeside(const Field& choices, const Choice& choice, QGridLayo
     if (field.beside.key != choices.key || field.beside.word != choice.word) continue;
     Row row{&field, nullptr, {}, {}};
     QWidget* const editor = AddEditor(field, row);
+    editor->setAccessibleName(ToQt(choice.caption));
     if (!field.caption.empty()) {
       row.caption = new QLabel(PlainCaption(field.caption));
+      row.caption->setBuddy(editor);
       row.widgets.push_back(row.caption);
       grid.addWidget(row.caption, line, 1);
     }

@@ -11,6 +11,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include "desktop/mnemonics.h"
 #include "painting/qt_text.h"
 
 namespace quorval {
@@ -42,6 +43,11 @@ HelpWindow::HelpWindow(const std::filesystem::path& folder, QWidget* parent)
   splitter->setStretchFactor(1, 1);
   setCentralWidget(splitter);
   MakeToolbar();
+  contents_->setAccessibleName("Contents");
+  words_->setAccessibleName(words_->placeholderText());
+  hits_->setAccessibleName("Pages found");
+  page_->setAccessibleName("Page");
+  GiveMnemonics(*this);
 }
 
 void HelpWindow::ShowPage(const std::filesystem::path& file) {
@@ -75,9 +81,11 @@ QWidget* HelpWindow::MakeContents() {
     path.push_back(item);
   }
   contents_->expandAll();
-  connect(contents_, &QTreeWidget::itemClicked, this, [this](const QTreeWidgetItem* item) {
+  const auto show = [this](const QTreeWidgetItem* item) {
     if (const auto file = FileOf(item->data(0, kFileRole)); !file.empty()) ShowPage(file);
-  });
+  };
+  connect(contents_, &QTreeWidget::itemClicked, this, show);
+  connect(contents_, &QTreeWidget::itemActivated, this, show);
   return contents_;
 }
 

@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/about_box.h"
+#include "desktop/mnemonics.h"
 #include "desktop/note_view.h"
 #include "desktop/sheet_view.h"
 #include "desktop/start_window.h"
@@ -69,6 +70,7 @@ MainWindow::MainWindow(Workbench& workbench, Platform& platform)
   setAcceptDrops(true);
   QApplication::setWindowIcon(QIcon(":/icons/quorval.svg"));
   sheet_ = new SheetView(workbench.worksheet().grid(), 0, this);
+  sheet_->setAccessibleName("Worksheet");
   auto* const centre = new QWidget;
   auto* const layout = new QVBoxLayout(centre);
   layout->addWidget(MakeProjectLine());
@@ -90,6 +92,7 @@ MainWindow::MainWindow(Workbench& workbench, Platform& platform)
   MakeToolbar();
   MakeStatusBar();
   Refresh();
+  GiveMnemonics(*this);
   sheet_->setFocus();
 }
 
@@ -220,6 +223,7 @@ QWidget* MainWindow::MakeProjectLine() {
   name_ = new QLineEdit;
   name_->setObjectName("project-name");
   name_->setMinimumWidth(kNameWidth);
+  name_->setAccessibleName(ToQt(kNameFrame));
   (new QHBoxLayout(frame))->addWidget(name_);
   connect(name_, &QLineEdit::textEdited, this, [this](const QString& name) {
     workbench_.project().Rename(FromQt(name));

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "app/note_page.h"
+#include "desktop/mnemonics.h"
 #include "painting/qt_text.h"
 
 namespace quorval {
@@ -35,7 +36,9 @@ NoteView::NoteView(Workbench& workbench, QWidget* parent)
   fields->addRow(ToQt(kNoteNameLabel), ReadOnly(ToQt(context.ProjectName)));
   fields->addRow(ToQt(kNoteFileLabel), ReadOnly(ToQt(context.ProjectFile.string())));
   layout->addLayout(fields);
-  layout->addWidget(new QLabel(ToQt(kNoteTextLabel)));
+  auto* const label = new QLabel(ToQt(kNoteTextLabel));
+  label->setBuddy(text_);
+  layout->addWidget(label);
   layout->addWidget(text_, 1);
   layout->addWidget(new QLabel(ToQt(kNoteHint)));
   setCentralWidget(centre);
@@ -44,6 +47,7 @@ NoteView::NoteView(Workbench& workbench, QWidget* parent)
   text_->setPlainText(ToQt(context.ProjectNote));
   text_->setFocus();
   resize(640, 480);
+  GiveMnemonics(*this);
 }
 
 void NoteView::MakeMenus() {

@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "core/conversion.h"
+#include "desktop/mnemonics.h"
 #include "painting/cell_text.h"
 #include "painting/chart.h"
 #include "painting/picture.h"
@@ -52,7 +53,8 @@ QHBoxLayout* Row() {
 }  // namespace
 
 PlotView::PlotView(Workbench& workbench, std::string window, QWidget* parent)
-    : QWidget(parent),
+    // A dialog stays above the results that it belongs to, which fill the screen.
+    : QWidget(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       workbench_(workbench),
       window_(std::move(window)),
       chart_(new QCustomPlot(this)),
@@ -106,7 +108,9 @@ QWidget* PlotView::BuildLineFields() {
   connect(redraw, &QPushButton::clicked, this, &PlotView::RedrawLines);
   QHBoxLayout* const row = Row();
   for (QLineEdit* field : {intercept_, slope_}) {
-    row->addWidget(new QLabel(field->accessibleName() + u':'));
+    auto* label = new QLabel(field->accessibleName() + u':');
+    label->setBuddy(field);
+    row->addWidget(label);
     row->addWidget(field, 1);
   }
   row->addWidget(redraw);
@@ -135,6 +139,7 @@ void PlotView::Refresh() {
   drawn_ = *plot;
   setWindowTitle(ToQt(plot->caption));
   line_fields_->setVisible(plot->lines.has_value());
+  GiveMnemonics(*this);
   if (plot->lines) {
     intercept_->setText(ShownText(ShortestText(plot->lines->a0), locale()));
     slope_->setText(ShownText(ShortestText(plot->lines->b), locale()));

@@ -10,6 +10,7 @@
 
 #include "desktop/about_box.h"
 #include "desktop/caption.h"
+#include "desktop/mnemonics.h"
 #include "desktop/sheet_view.h"
 
 namespace quorval {
@@ -32,6 +33,7 @@ ResultsView::ResultsView(Workbench& workbench, OpenAnalysis& open, QWidget* pare
       sheet_(new SheetView(open.results->sheet.grid(), 1, this)) {
   setObjectName(ToQt(open.results->procedure->window));
   setWindowFlag(Qt::Window);
+  sheet_->setAccessibleName("Results");
   setCentralWidget(sheet_);
   MakeFileMenu();
   MakeHelpMenu();
@@ -48,6 +50,7 @@ void ResultsView::Refresh() {
   setWindowTitle(ToQt(open_.results->title));
   sheet_->Refresh();
   rejection_bar_->setVisible(open_.results->rejection.has_value());
+  GiveMnemonics(*this);
 }
 
 void ResultsView::closeEvent(QCloseEvent* event) {

@@ -1,4 +1,5 @@
 #include "desktop/dialog_view.h"
+#include "desktop/mnemonics.h"
 
 #include <gtest/gtest.h>
 
@@ -26,8 +27,9 @@ Editor& In(const QWidget& view, const char* name) {
 
 bool ShowsLabel(const QWidget& view, const QString& text) {
   const auto labels = view.findChildren<QLabel*>();
-  return std::ranges::any_of(
-      labels, [&](const QLabel* label) { return label->text() == text && !label->isHidden(); });
+  return std::ranges::any_of(labels, [&](const QLabel* label) {
+    return Unmarked(label->text()) == text && !label->isHidden();
+  });
 }
 
 void Retype(QLineEdit& editor, const QString& text) {

@@ -1,0 +1,132 @@
+#include "desktop/mnemonics.h"
+
+#include <QAbstractButton>
+#include <QDialogButtonBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QRadioButton>
+#include <QShortcut>
+#include <algorithm>
+
+namespace quorval {
+namespace {
+
+const QString kShortcutName = QStringLiteral("by-number");
+
+// The letters and digits that a window has given away.
+class Letters {
+ public:
+  void Take(QChar letter) { taken_ += letter.toUpper(); }
+
+  // With a free letter marked, the first one of a word before others; as it is when none is free.
+  QString Marked(const QString& caption) {
+    QString marked = caption;
+    for (bool in_words : {false, true})
+      for (qsizetype i = 0; i < caption.size(); ++i) {
+        const bool begins = i == 0 || !caption[i - 1].isLetterOrNumber();
+        if ((!begins && !in_words) || !IsFree(caption[i])) continue;
+        Take(caption[i]);
+        return marked.insert(i, u'&');
+      }
+    return marked;
+  }
+
+  QChar FreeDigit() {
+    for (char16_t digit = u'1'; digit <= u'9'; ++digit)
+      if (IsFree(digit)) {
+        Take(digit);
+        return digit;
+      }
+    return {};
+  }
+
+ private:
+  bool IsFree(QChar letter) const {
+    return letter.unicode() < 128 && letter.isLetterOrNumber() &&
+           !taken_.contains(letter.toUpper());
+  }
+
+  QString taken_;
+};
+
+bool IsControl(const QWidget& widget, const QWidget& window) {
+  // The tab key passes over a radio button that is not pressed.
+  const bool takes_keys = (widget.focusPolicy() & Qt::TabFocus) != 0 ||
+                          qobject_cast<const QRadioButton*>(&widget) != nullptr;
+  const bool part_of_another =
+      widget.parentWidget() != nullptr && widget.parentWidget()->focusProxy() == &widget;
+  return takes_keys && !part_of_another && widget.window() == &window &&
+         widget.isVisibleTo(&window);
+}
+
+// The label that stands for the control: its own, or the frame that holds nothing else.
+QObject* LabelOf(const QWidget& control, const QList<QWidget*>& controls, const QWidget& window) {
+  for (QLabel* label : window.findChildren<QLabel*>())
+    if (label->buddy() == &control) return label;
+  auto* const frame = qobject_cast<QGroupBox*>(control.parentWidget());
+  const auto in_frame = [&](const QWidget* other) { return other->parentWidget() == frame; };
+  return std::ranges::count_if(controls, in_frame) == 1 ? frame : nullptr;
+}
+
+// The property that holds a caption.
+const char* CaptionOf(const QObject& labelled) {
+  return qobject_cast<const QGroupBox*>(&labelled) != nullptr ? "title" : "text";
+}
+
+bool Mark(QObject* labelled, Letters& letters) {
+  if (labelled == nullptr) return false;
+  const char* const property = CaptionOf(*labelled);
+  const QString caption = labelled->property(property).toString();
+  const QString marked = letters.Marked(Unmarked(caption));
+  if (marked != caption) labelled->setProperty(property, marked);
+  return marked != Unmarked(caption);
+}
+
+void GiveNumber(QWidget& control, Letters& letters) {
+  const QChar digit = letters.FreeDigit();
+  if (digit.isNull()) return;
+  auto* const shortcut =
+      new QShortcut(QKeySequence(QStringLiteral("Alt+") + digit), control.window());
+  shortcut->setObjectName(kShortcutName);
+  QObject::connect(shortcut, &QShortcut::activated, &control,
+                   [&control] { control.setFocus(Qt::ShortcutFocusReason); });
+  control.setToolTip(shortcut->key().toString(QKeySequence::NativeText));
+}
+
+}  // namespace
+
+void GiveMnemonics(QWidget& window) {
+  Letters letters;
+  if (auto* const main = qobject_cast<QMainWindow*>(&window))
+    for (const QAction* menu : main->menuBar()->actions())
+      if (const qsizetype at = menu->text().indexOf(u'&'); at >= 0)
+        letters.Take(menu->text()[at + 1]);
+  qDeleteAll(window.findChildren<QShortcut*>(kShortcutName));
+
+  QList<QWidget*> controls;
+  for (QWidget* widget : window.findChildren<QWidget*>())
+    if (IsControl(*widget, window)) controls += widget;
+  // The window's own buttons choose first, so that they keep their letters.
+  std::ranges::stable_partition(controls, [](const QWidget* control) {
+    return qobject_cast<const QDialogButtonBox*>(control->parentWidget()) != nullptr;
+  });
+  for (QWidget* control : controls) {
+    const bool is_button = qobject_cast<QAbstractButton*>(control) != nullptr;
+    QObject* const labelled = is_button ? control : LabelOf(*control, controls, window);
+    if (!Mark(labelled, letters)) GiveNumber(*control, letters);
+  }
+}
+
+QString Unmarked(const QString& caption) {
+  QString unmarked;
+  for (qsizetype i = 0; i < caption.size(); ++i) {
+    if (caption[i] == u'&' && i + 1 < caption.size() && caption[i + 1] != u'&') continue;
+    unmarked += caption[i];
+    if (caption[i] == u'&') unmarked += caption[++i];
+  }
+  return unmarked;
+}
+
+}  // namespace quorval
