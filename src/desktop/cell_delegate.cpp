@@ -11,6 +11,7 @@ namespace quorval {
 namespace {
 
 constexpr int kTextMargin = 4;
+constexpr int kLineAlpha = 45;
 constexpr int kSelectionAlpha = 70;
 constexpr int kMostColumnsRunOver = 40;
 
@@ -45,7 +46,9 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   }
 
   const QModelIndex source = model_.At(index).Empty() ? OverflowInto(index) : index;
-  painter->setPen(palette.color(QPalette::Midlight));
+  QColor lines = palette.color(QPalette::Text);
+  lines.setAlpha(kLineAlpha);
+  painter->setPen(lines);
   painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
   const QModelIndex next = index.siblingAtColumn(index.column() + 1);
   if (!source.isValid() || !next.isValid() || !RunsOver(source, next))
