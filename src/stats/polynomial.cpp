@@ -47,7 +47,7 @@ Member Normalise(BasisPolynomial polynomial) {
 std::size_t CountDifferent(std::span<const Real> x) {
   Sample sorted(x.begin(), x.end());
   std::ranges::sort(sorted);
-  return static_cast<std::size_t>(std::ranges::unique(sorted).begin() - sorted.begin());
+  return static_cast<std::size_t>(std::unique(sorted.begin(), sorted.end()) - sorted.begin());
 }
 
 }  // namespace

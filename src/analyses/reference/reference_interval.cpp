@@ -80,7 +80,7 @@ void RunReferenceInterval(Run& run) {
     DrawTransformed(run, TransformedValues);
   }
   // The histogram of the values is drawn first and shown last, above the others.
-  std::ranges::rotate(run.plots, run.plots.begin() + 1);
+  std::rotate(run.plots.begin(), run.plots.begin() + 1, run.plots.end());
 }
 
 constexpr Procedure frmRefResults[] = {{

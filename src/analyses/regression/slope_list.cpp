@@ -96,7 +96,7 @@ PairSlopes::Place SlopeList::PlaceOf(Real t) {
     if (block.value < value) place.below += block.count;
     if (block.value == value) place.equal += block.count;
   }
-  const auto [first, end] = std::ranges::equal_range(dropped_, value);
+  const auto [first, end] = std::equal_range(dropped_.begin(), dropped_.end(), value);
   place.below -= first - dropped_.begin();
   place.equal -= end - first;
   return place;
