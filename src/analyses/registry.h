@@ -39,6 +39,11 @@ extern const Analysis kPrecisionProfile;
 extern const Analysis kTruenessProfile;
 }  // namespace methodeval
 
+namespace diagnostic {
+extern const Analysis kCompareTests;
+extern const Analysis kDiagnostic;
+}  // namespace diagnostic
+
 namespace difference {
 extern const Analysis kDifference;
 }  // namespace difference

@@ -20,6 +20,12 @@ std::optional<int> SpecifiedClasses(const Form& form, const Field& choice, const
   return form.Column(count);
 }
 
+HistogramClasses ChooseClasses(const Form& form, const Field& choice, const Field& count,
+                               const Description& values, Real N) {
+  const auto k = SpecifiedClasses(form, choice, count);
+  return k ? DivideRange(values, *k) : DefaultClasses(values, N);
+}
+
 std::vector<int> CountInClasses(const HistogramClasses& classes, Sample values) {
   std::ranges::sort(values);
   const auto below = [&](Real bound) {

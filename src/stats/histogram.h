@@ -28,6 +28,10 @@ HistogramClasses DivideRange(const Description& values, int k);
 // Fault of a word.
 std::optional<int> SpecifiedClasses(const Form& form, const Field& choice, const Field& count);
 
+// Of the specified number, or by default.
+HistogramClasses ChooseClasses(const Form& form, const Field& choice, const Field& count,
+                               const Description& values, Real N);
+
 // The words of such a choice.
 inline constexpr Choice kClassChoices[] = {{"default", "Default"}, {"user", "User specified:"}};
 

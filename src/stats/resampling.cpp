@@ -14,14 +14,6 @@ std::uint32_t SumOf(std::span<const std::uint16_t> counts) {
   return std::accumulate(counts.begin(), counts.end(), std::uint32_t{0});
 }
 
-BootstrapEstimate Summarise(std::span<const Real> replicates) {
-  const Real R = replicates.size();
-  const Real mean = Sum(replicates) / R;
-  Real squares;
-  for (Real value : replicates) squares += Square(value - mean);
-  return {mean, Sqrt(squares / (R - 1))};
-}
-
 }  // namespace
 
 Resample::Resample(std::size_t N)
@@ -46,6 +38,14 @@ Real Resample::RankOf(Real k) const {
   return index + 1;
 }
 
+BootstrapEstimate SummariseReplicates(std::span<const Real> replicates) {
+  const Real R = replicates.size();
+  const Real mean = Sum(replicates) / R;
+  Real squares;
+  for (Real value : replicates) squares += Square(value - mean);
+  return {mean, Sqrt(squares / (R - 1))};
+}
+
 std::vector<BootstrapEstimate> BootstrapPositions(std::span<const Real> sorted,
                                                   std::span<const Real> positions, int R) {
   ResampleGenerator generator;
@@ -58,7 +58,7 @@ std::vector<BootstrapEstimate> BootstrapPositions(std::span<const Real> sorted,
       replicates[i].push_back(AtPosition(positions[i], at_rank));
   }
   std::vector<BootstrapEstimate> estimates;
-  for (const Sample& values : replicates) estimates.push_back(Summarise(values));
+  for (const Sample& values : replicates) estimates.push_back(SummariseReplicates(values));
   return estimates;
 }
 

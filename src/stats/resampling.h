@@ -67,6 +67,9 @@ struct BootstrapEstimate {
   Real mean, sd;  // of the replicates; R - 1 in the denominator of the SD
 };
 
+// Of at least 2 replicates, summed in their order.
+BootstrapEstimate SummariseReplicates(std::span<const Real> replicates);
+
 // The values at the positions of a sorted sample, each estimated from the same R resamples, R at
 // least 2.  The mean is taken in the order of the replicates.  A Fault where a position has no
 // value.

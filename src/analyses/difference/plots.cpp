@@ -1,10 +1,9 @@
 #include "analyses/difference/plots.h"
 
+#include "analyses/colours.h"
+
 namespace quorval::difference {
 namespace {
-
-constexpr Colour kBlue = 0x0000FF;
-constexpr Colour kGreen = 0x008000;
 
 constexpr std::string_view kAbsoluteCaption =
     "Bland-Altman Plot (y-x differences against mean of x and y)";

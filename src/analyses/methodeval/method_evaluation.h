@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "analyses/colours.h"
 #include "core/analysis.h"
 #include "core/intake.h"
 #include "stats/primitives.h"
@@ -77,8 +78,6 @@ std::optional<Real> PercentOf(Real part, Real whole);
 void PutPercentage(ResultsSheet& sheet, int row, int column, const std::optional<Real>& percentage);
 
 // --- Plots
-
-inline constexpr Colour kBlue = 0x0000FF, kGreen = 0x008000, kRed = 0xFF0000;
 
 // Values against their observation number, from 1.
 Points AgainstNumber(std::span<const Real> values);

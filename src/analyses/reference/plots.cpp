@@ -21,8 +21,7 @@ Plot& AddTitledPlot(Run& run, std::string_view window, std::string_view caption,
 }
 
 HistogramClasses ClassesOf(const Form& form, const Description& described, Real N) {
-  const auto k = SpecifiedClasses(form, kClasses, kClassCount);
-  return k ? DivideRange(described, *k) : DefaultClasses(described, N);
+  return ChooseClasses(form, kClasses, kClassCount, described, N);
 }
 
 void AddBars(Plot& plot, const HistogramClasses& classes, std::span<const Real> values) {

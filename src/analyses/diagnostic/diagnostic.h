@@ -1,0 +1,77 @@
+// What the evaluation of one diagnostic test and the comparison of two share.  Results above a
+// cut-off are positive: the diseased are the group of high values.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/analysis.h"
+#include "core/intake.h"
+#include "stats/primitives.h"
+
+namespace quorval::diagnostic {
+
+// --- Options
+
+constexpr Field Note(std::string_view group, std::string_view text) {
+  return {.kind = FieldKind::kNote, .group = group, .caption = text};
+}
+
+inline constexpr std::string_view kSizeNote = "Min. sample size in groups: 10";
+
+// --- The two groups
+
+struct TwoGroups {
+  int FirstCol = 0, SecondCol = 0;
+  std::string FirstName{}, SecondName{};  // the columns' titles
+  Sample FirstSample{}, SecondSample{};   // 32-bit values; the non-diseased and the diseased
+
+  int N1() const { return static_cast<int>(FirstSample.size()); }
+  int N2() const { return static_cast<int>(SecondSample.size()); }
+};
+
+inline bool TooSmall(const Column& column) { return column.values.size() < 10; }
+
+// The numbers of a column, rounded to 32 bits.  A Fault of a word.
+Sample ValuesOf(const Column& column);
+
+// --- Results
+
+// The 95 % confidence limits estimate -/+ margin, as far as `possible` goes.
+Range LimitsWithin(const Range& possible, Real estimate, Real margin);
+
+// A column's title in the sheet; the blank where it has none.
+inline std::string_view NameOr(std::string_view blank, const std::string& name) {
+  return name.empty() ? blank : std::string_view(name);
+}
+
+// Rows 7, 8, 10 and 11 of an evaluation.
+void WriteNamesAndSizes(ResultsSheet& sheet, const TwoGroups& groups, std::string_view blank);
+
+// --- Windows
+
+inline constexpr std::string_view kDiaPlot = "frmDiaPlot";
+inline constexpr PlotPicture kPictures[] = {{kDiaPlot, " Chart2D1.bmp", 350}};
+inline constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
+
+// A results window of the family, but for its name, its title and its routine.
+inline constexpr Procedure kProcedure{
+    .window = {},
+    .title = nullptr,
+    .menu = {.save = "&Save As", .print_plots = "P&rint Plot"},
+    .print_header = "/cDiagnostic test Evaluation/rPage #/p/n",
+    .plot_jobs = kPlotJobs,
+    .failure = {.fault = "Error", .second = "Error", .aftermath = Aftermath::kWindowNotShown},
+    .run = nullptr,
+};
+
+constexpr Procedure ResultsWindow(std::string_view window, std::string (*title)(const Form&),
+                                  void (*run)(Run&)) {
+  Procedure procedure = kProcedure;
+  procedure.window = window;
+  procedure.title = title;
+  procedure.run = run;
+  return procedure;
+}
+
+}  // namespace quorval::diagnostic
