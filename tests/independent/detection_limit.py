@@ -46,11 +46,12 @@ def detection(blanks, low, alpha, z):
           "LoD", repr(LoB + c * SD), "SE", repr(sqrt(se**2 + c**2 * SD**2 / (2 * df))))
 
 
-x = np.array(BLANKS)
-print("blanks: mean", repr(x.mean()), "SD", repr(x.std(ddof=1)),
-      "standardised", np.round((x - x.mean()) / x.std(ddof=1), 3))
-x = np.array(LOW[0])
-print("S1: mean", repr(x.mean()), "SD", repr(x.std(ddof=1)))
-detection(BLANKS, LOW, 5, 1.645)
-detection(BLANKS, LOW, 10, 2.327)
-detection(range(1, 11), [[20, 22]], 5, 1.645)
+if __name__ == "__main__":
+    x = np.array(BLANKS)
+    print("blanks: mean", repr(x.mean()), "SD", repr(x.std(ddof=1)),
+          "standardised", np.round((x - x.mean()) / x.std(ddof=1), 3))
+    x = np.array(LOW[0])
+    print("S1: mean", repr(x.mean()), "SD", repr(x.std(ddof=1)))
+    detection(BLANKS, LOW, 5, 1.645)
+    detection(BLANKS, LOW, 10, 2.327)
+    detection(range(1, 11), [[20, 22]], 5, 1.645)
