@@ -31,7 +31,8 @@ def single(values):
 def sweep(x, y):
     a = np.sort(np.concatenate([x, y]))
     cuts = np.concatenate([[a[0] - 0.00001], (a[:-1] + a[1:]) / 2, [a[-1]]])
-    hits = np.array([[(x <= c).sum(), (y > c).sum()] for c in cuts])
+    # The first lies below all values, even where 0.00001 is lost beside them.
+    hits = np.array([[0, len(y)]] + [[(x <= c).sum(), (y > c).sum()] for c in cuts[1:]])
     return cuts, hits
 
 
