@@ -58,6 +58,7 @@ std::vector<BootstrapEstimate> BootstrapPositions(std::span<const Real> sorted,
       replicates[i].push_back(AtPosition(positions[i], at_rank));
   }
   std::vector<BootstrapEstimate> estimates;
+  estimates.reserve(replicates.size());
   for (const Sample& values : replicates) estimates.push_back(SummariseReplicates(values));
   return estimates;
 }

@@ -89,7 +89,8 @@ struct DifferenceSE {
 };
 
 DifferenceSE EstimateSE(Run& run, const TwoTests& tests, Real D) {
-  const auto& [test1, test2] = tests;
+  const TwoGroups& test1 = tests.test1;
+  const TwoGroups& test2 = tests.test2;
   if (test1.N1() != test2.N1() || test1.N2() != test2.N2()) {
     run.messages.Tell(
         "Paired ROC-Curve comparison can not be performed because of unequal sample sizes");

@@ -27,16 +27,19 @@ Single PercentileCutOff(Run& run, const TwoGroups& groups) {
   return Single(AtPosition(groups.FirstSample, t));
 }
 
+Single OptimalCutOff(Run& run, const TwoGroups& groups, std::string_view fault,
+                     Single (*best)(const CutOffSweep&)) {
+  return Insist(run.messages, fault,
+                [&] { return best(SweepCutOffs(groups.FirstSample, groups.SecondSample)); });
+}
+
 Single MaxSumCutOff(Run& run, const TwoGroups& groups) {
-  return Insist(run.messages, "Error in Cut-off sub", [&] {
-    return CutOffOfMaxSum(SweepCutOffs(groups.FirstSample, groups.SecondSample));
-  });
+  return OptimalCutOff(run, groups, "Error in Cut-off sub", CutOffOfMaxSum);
 }
 
 Single MaxCorrectCutOff(Run& run, const TwoGroups& groups) {
-  return Insist(run.messages, "Error in Cut-off sub for max no of classifications", [&] {
-    return CutOffOfMaxCorrect(SweepCutOffs(groups.FirstSample, groups.SecondSample));
-  });
+  return OptimalCutOff(run, groups, "Error in Cut-off sub for max no of classifications",
+                       CutOffOfMaxCorrect);
 }
 
 struct CutOffRule {

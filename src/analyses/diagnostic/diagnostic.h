@@ -30,7 +30,8 @@ struct TwoGroups {
   int N2() const { return static_cast<int>(SecondSample.size()); }
 };
 
-inline bool TooSmall(const Column& column) { return column.values.size() < 10; }
+inline constexpr std::size_t kSmallestGroup = 10;
+inline bool TooSmall(const Column& column) { return column.values.size() < kSmallestGroup; }
 
 // The numbers of a column, rounded to 32 bits.  A Fault of a word.
 Sample ValuesOf(const Column& column);
@@ -54,24 +55,17 @@ inline constexpr std::string_view kDiaPlot = "frmDiaPlot";
 inline constexpr PlotPicture kPictures[] = {{kDiaPlot, " Chart2D1.bmp", 350}};
 inline constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
-// A results window of the family, but for its name, its title and its routine.
-inline constexpr Procedure kProcedure{
-    .window = {},
-    .title = nullptr,
-    .menu = {.save = "&Save As", .print_plots = "P&rint Plot"},
-    .print_header = "/cDiagnostic test Evaluation/rPage #/p/n",
-    .plot_jobs = kPlotJobs,
-    .failure = {.fault = "Error", .second = "Error", .aftermath = Aftermath::kWindowNotShown},
-    .run = nullptr,
-};
-
 constexpr Procedure ResultsWindow(std::string_view window, std::string (*title)(const Form&),
                                   void (*run)(Run&)) {
-  Procedure procedure = kProcedure;
-  procedure.window = window;
-  procedure.title = title;
-  procedure.run = run;
-  return procedure;
+  return {
+      .window = window,
+      .title = title,
+      .menu = {.save = "&Save As", .print_plots = "P&rint Plot"},
+      .print_header = "/cDiagnostic test Evaluation/rPage #/p/n",
+      .plot_jobs = kPlotJobs,
+      .failure = {.fault = "Error", .second = "Error", .aftermath = Aftermath::kWindowNotShown},
+      .run = run,
+  };
 }
 
 }  // namespace quorval::diagnostic
