@@ -214,10 +214,10 @@ TEST(Diagnostic, DividesTheFirstGroupAsSpecified) {
   const struct {
     std::string count;
     std::size_t first, second;
-  } cases[] = {{"9", 9, 29}, {"1", 1, 4}, {"0", 1, 4}, {"-3", 1, 4}};
+  } cases[] = {{"9", 9, 99}, {"1", 1, 11}, {"0", 1, 11}, {"-3", 1, 11}, {"", 2, 22}};
   for (const auto& [count, first, second] : cases) {
     const Transcript told =
-        RunAnalysis(kDiagnostic, {CountUp(1, 10), CountUp(11, 30)}, Classes(count));
+        RunAnalysis(kDiagnostic, {CountUp(1, 10), CountUp(11, 100)}, Classes(count));
     const Plot& plot = told.PlotOf("frmDiaPlot");
     EXPECT_THAT(plot.series[0].points, SizeIs(first)) << count;
     EXPECT_THAT(plot.series[1].points, SizeIs(second)) << count;
