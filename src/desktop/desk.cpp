@@ -168,6 +168,7 @@ void Desk::ShowPlot(const Plot& plot, ResultsView& owner) {
   if (window.view) return window.view->Refresh();
   window = {new PlotView(workbench_, plot.window, &owner), &owner};
   connect(window.view, &PlotView::AddedToSheet, this, &Desk::Reconcile);
+  window.view->setAttribute(Qt::WA_ShowWithoutActivating);  // the keys stay with the results
   window.view->setGeometry(PlotPlace(static_cast<int>(plots_.size()) - 1));
   window.view->show();
 }
@@ -186,6 +187,7 @@ void Desk::BringForward(const std::string& window) {
   if (found == plots_.end() || !found->second.view) return;
   found->second.view->showMaximized();
   found->second.view->raise();
+  found->second.view->activateWindow();
 }
 
 ResultsView* Desk::OwnerOf(const Plot& plot) const {
