@@ -40,7 +40,7 @@ std::string Line(int x1, int y1, int x2, int y2) {
 std::vector<std::string> NoticeOf(const Rejection& rejection) {
   std::vector<std::string> lines{
       "   Rejected outliers in regression analysis",
-      "   Outlier limit:    " + ShortestText(rejection.limit) + "   SD",
+      "   Outlier limit:    " + NarrowestText(rejection.limit) + "   SD",
       "",
   };
   for (const auto& [id, x, y] : rejection.rejected) {

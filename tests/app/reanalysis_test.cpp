@@ -239,12 +239,13 @@ TEST(ReanalysisOfDeming, IsNotOfferedWithoutOutliers) {
 
 TEST(Notice, ListsTenPoints) {
   Rejection rejection{
-      .limit = 4, .rejected = {}, .retained_ids = {}, .retained = {}, .read_anew = {}};
+      .limit = Single(2.3), .rejected = {}, .retained_ids = {}, .retained = {}, .read_anew = {}};
   for (int i = 1; i <= 10; ++i) rejection.rejected.push_back({"<s>", i, 2 * i});
   EXPECT_EQ(NoticeOf(rejection).size(), 13U);
   rejection.rejected.push_back({"s11", 11, 22});
   const std::vector<std::string> lines = NoticeOf(rejection);
   ASSERT_EQ(lines.size(), 14U);
+  EXPECT_EQ(lines[1], "   Outlier limit:    2.3   SD");
   EXPECT_EQ(lines[12], "<s>   10   20");
   EXPECT_EQ(lines[13], "   More than 10 outliers that are not shown");
   EXPECT_THAT(NoticePicture(lines), HasSubstr("&lt;s&gt;   10   20"));
