@@ -1,7 +1,5 @@
 #include "analyses/methodeval/method_evaluation.h"
 
-#include "core/conversion.h"
-
 namespace quorval::methodeval {
 namespace {
 
@@ -26,33 +24,9 @@ ColumnSpan TakeColumns(const Run& run, const Field& start, const Field& last,
   return span;
 }
 
-std::vector<Sample> ReadLevelColumns(Run& run, std::span<const int> columns) {
-  std::vector<Texts> texts;
-  for (int column : columns) {
-    texts.push_back(ReadColumn(run, column).values);
-    if (texts.back().empty()) run.Refuse(" Sample size < 1: No analysis ");
-  }
-  const std::size_t levels = texts.front().size();
-  std::vector<Sample> values;
-  for (const Texts& column : texts) {
-    if (column.size() < levels) Raise(Fault::Kind::kOutOfRange);
-    values.push_back(ToNumbers(std::span(column).first(levels)));
-  }
-  return values;
-}
-
 std::optional<Real> PercentOf(Real part, Real whole) {
   if (whole == 0) return std::nullopt;
   return 100 * part / whole;
-}
-
-void PutPercentage(ResultsSheet& sheet, int row, int column,
-                   const std::optional<Real>& percentage) {
-  if (percentage) {
-    sheet.Put(row, column, *percentage);
-  } else {
-    sheet.Put(row, column, "n.d.");
-  }
 }
 
 Points AgainstNumber(std::span<const Real> values) {

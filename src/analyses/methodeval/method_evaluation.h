@@ -4,7 +4,6 @@
 #include <optional>
 #include <span>
 #include <string_view>
-#include <vector>
 
 #include "analyses/colours.h"
 #include "core/analysis.h"
@@ -54,6 +53,9 @@ inline constexpr ColumnLimit kThirtyColumns{30, " Selected column no. < 1 or > 3
 inline constexpr ColumnLimit kAllColumns{Worksheet::kColumns,
                                          " Selected column no. < 1 or > 500: No analysis "};
 
+// Of a column without values.
+inline constexpr std::string_view kNoValues = " Sample size < 1: No analysis ";
+
 // The column that a field names; refused outside the limit.
 int TakeColumn(const Run& run, const Field& field, const ColumnLimit& limit = kThirtyColumns);
 
@@ -65,17 +67,10 @@ struct ColumnSpan {
 ColumnSpan TakeColumns(const Run& run, const Field& start, const Field& last,
                        const ColumnLimit& limit = kThirtyColumns);
 
-// Columns that belong together row by row, as long as the first of them.  Refused where one is
-// empty; a Fault where one is shorter than the first.
-std::vector<Sample> ReadLevelColumns(Run& run, std::span<const int> columns);
-
 // --- Percentages
 
 // 100 part / whole; none of a whole of 0.
 std::optional<Real> PercentOf(Real part, Real whole);
-
-// The percentage, or "n.d.".
-void PutPercentage(ResultsSheet& sheet, int row, int column, const std::optional<Real>& percentage);
 
 // --- Plots
 

@@ -1,37 +1,22 @@
 // Imprecision over the measuring range: SD and CV% against level.
 #include "analyses/methodeval/precision_profile.h"
 
+#include "analyses/methodeval/profile.h"
 #include "analyses/registry.h"
-#include "core/conversion.h"
 
 namespace quorval::methodeval {
 namespace precision_profile {
 namespace {
 
+using namespace profile;
+
 // --- Options
 
 constexpr std::array<Choice, 2> kModes{{{"raw", "Precision Profile from raw data"},
                                         {"pairs", "Precision Profile from (x, SD values)"}}};
-constexpr Field kMode{
-    .key = "mode", .kind = FieldKind::kChoice, .initial = "raw", .choices = kModes};
-constexpr When kRaw{kMode.key, "raw"}, kPairs{kMode.key, "pairs"};
-
 constexpr std::string_view kRawGroup = "Precision Profile from raw data:";
 constexpr std::string_view kPairsGroup = "Precision Profile from paired (x, SD) values:";
 
-constexpr Field kStartColumn{.key = "start-column",
-                             .group = kRawGroup,
-                             .caption = "Compute means and SD from       Data Column No.(start):",
-                             .enabled = {kRaw}};
-constexpr Field kLastColumn{.key = "last-column",
-                            .group = kRawGroup,
-                            .caption = "Data Column No. (last):",
-                            .enabled = {kRaw}};
-constexpr Field kOutlierLimit{.key = "outlier-limit",
-                              .group = kRawGroup,
-                              .caption = "No. of SD units as outlier rejection limit:",
-                              .initial = "4",
-                              .enabled = {kRaw}};
 constexpr Field kLevelColumn{.key = "level-column",
                              .group = kPairsGroup,
                              .caption = "Levels (x) from Data Column No.:",
@@ -53,17 +38,16 @@ constexpr Field kRawNote{.kind = FieldKind::kNote,
                          .caption = "(Mean, SD and CV% are computed for each data column)",
                          .enabled = {kRaw}};
 
-constexpr Field kFields[] = {kMode,         kStartColumn, kLastColumn, kRawNote,
-                             kOutlierLimit, kLevelColumn, kSdColumn,   kCurve};
-
-constexpr Rule kRules[] = {
-    {[](const Form& form) {
-       return form.Holds(kRaw) ? AnyOutsideWorksheet(form, kStartColumn, kLastColumn)
-                               : AnyOutsideWorksheet(form, kLevelColumn, kSdColumn);
-     },
-     kColumnRefused},
-    {[](const Form& form) { return form.Holds(kRaw) && NotPositive(form, kOutlierLimit); },
-     kOptionRefused},
+constexpr Field kFields[] = {
+    WithChoices(kMode, kModes),
+    InGroup(Captioned(kStartColumn, "Compute means and SD from       Data Column No.(start):"),
+            kRawGroup),
+    InGroup(kLastColumn, kRawGroup),
+    kRawNote,
+    InGroup(kOutlierLimit, kRawGroup),
+    kLevelColumn,
+    kSdColumn,
+    kCurve,
 };
 
 constexpr Dialog frmMethPrecProfOpt{
@@ -71,51 +55,32 @@ constexpr Dialog frmMethPrecProfOpt{
     .title = "Quorval     Precision Profile Options   ",
     .heading = "Options for Precision Profile",
     .fields = kFields,
-    .rules = kRules,
+    .rules = kRules<kLevelColumn, kSdColumn>,
 };
 static_assert(WellFormed(frmMethPrecProfOpt));
 
 // --- Raw data: a column of replicates for each level
 
-struct RawData {
-  ColumnSpan columns;
-  std::vector<Level> levels{};
-  std::vector<int> outlier_columns{};  // those that hold a marked value
-};
+constexpr Layout kLayout{.columns = kAllColumns, .heads = 0, .least = 1, .too_few = kNoValues};
 
-// A level of a single value stands with an SD of 0 after the words of what it lacks.
-RawData ReadRawData(Run& run, Real outlier_limit) {
-  RawData data{.columns = TakeColumns(run, kStartColumn, kLastColumn, kAllColumns)};
-  for (int column = data.columns.start; column <= data.columns.last; ++column) {
-    const Texts texts = ReadColumn(run, column).values;
-    if (texts.empty()) run.Refuse(" Sample size < 1: No analysis ");
-    const Sample values = ToNumbers(texts);
-    const Description d = DescribeSample(run.messages, values);
-    data.levels.push_back(LevelOf(d.mean, d.sd, static_cast<int>(values.size())));
-    if (MarkOutliersBySD(run.messages, outlier_limit, values).count > 0)
-      data.outlier_columns.push_back(column);
-  }
-  return data;
-}
-
-void WriteRaw(Run& run, const RawData& data, Real outlier_limit) {
+void WriteRaw(Run& run, const RawData& data, const std::vector<Level>& levels) {
   ResultsSheet& sheet = run.sheet;
   sheet.Clear();
   sheet.Row(2, Bold{"  Precision Profile from raw data"});
   sheet.Row(3, "  Project:", run.context.ProjectName);
   sheet.Row(4, "  First Data Column:   Col. no.:  ", data.columns.start);
   sheet.Row(5, "  Last Data Column:   Col. no.:  ", data.columns.last);
-  sheet.Row(6, "    No of levels:  ", static_cast<int>(data.levels.size()));
+  sheet.Row(6, "    No of levels:  ", static_cast<int>(levels.size()));
   sheet.Row(7, "     Level Mean ", "     SD ", "     CV%  ", "     N  ");
   int row = 8;
-  for (const Level& level : data.levels) {
+  for (const Level& level : levels) {
     sheet.Row(row, level.x, level.SD, Blank{}, level.N);
     PutPercentage(sheet, row++, 3, level.CV);
   }
-  sheet.Row(++row, "Outlier limit (SDs)", outlier_limit);
+  sheet.Row(++row, "Outlier limit (SDs)", data.outlier_limit);
   for (int column : data.outlier_columns) sheet.Row(++row, "Outlier(s) in Col. no.:", column);
   if (data.outlier_columns.empty()) sheet.Row(++row, "No outliers identified");
-  if (HasUndefinedCV(data.levels))
+  if (HasUndefinedCV(levels))
     sheet.Row(++row, "No CV% Precision Plot because of occurrence of n. d. values");
 }
 
@@ -142,15 +107,17 @@ void WritePairs(Run& run, const std::array<int, 2>& columns, const std::vector<L
 // --- The runs
 
 void RunRaw(Run& run) {
-  const Real outlier_limit = run.form.WholeNumber32(kOutlierLimit);
-  const RawData data = ReadRawData(run, outlier_limit);
-  WriteRaw(run, data, outlier_limit);
-  DrawProfile(run, data.levels, run.form.Is(kCurve, "spline"));
+  const RawData data = ReadRawData(run, kLayout);
+  std::vector<Level> levels;
+  for (const Replicates& level : data.levels)
+    levels.push_back(LevelOf(level.d.mean, level.d.sd, level.N));
+  WriteRaw(run, data, levels);
+  DrawProfile(run, levels, run.form.Is(kCurve, "spline"));
 }
 
 void RunPairs(Run& run) {
   const std::array<int, 2> columns{TakeColumn(run, kLevelColumn), TakeColumn(run, kSdColumn)};
-  const std::vector<Sample> values = ReadLevelColumns(run, columns);
+  const std::vector<Sample> values = ReadPairs(run, columns);
   std::vector<Level> levels;
   for (std::size_t i = 0; i < values[0].size(); ++i)
     levels.push_back(LevelOf(values[0][i], values[1][i]));

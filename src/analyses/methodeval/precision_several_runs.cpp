@@ -16,7 +16,7 @@ Runs ReadRuns(Run& run, Real outlier_limit) {
   Runs runs{.columns = TakeColumns(run, kStartColumn, kLastColumn)};
   for (int column = runs.columns.start; column <= runs.columns.last; ++column) {
     const Texts texts = ReadColumn(run, column).values;
-    if (texts.empty()) run.Refuse(" Sample size < 1: No analysis ");
+    if (texts.empty()) run.Refuse(kNoValues);
     if (texts.size() == 1) Raise(Fault::Kind::kDivisionByZero);  // a run without an SD
     const Sample& values = runs.values.emplace_back(ToNumbers(texts));
     if (MarkOutliersBySD(run.messages, outlier_limit, values).count > 0)

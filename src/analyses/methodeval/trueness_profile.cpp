@@ -1,41 +1,23 @@
 // Bias over the measuring range: measured means against true values.
 #include "analyses/methodeval/trueness_profile.h"
 
+#include "analyses/methodeval/profile.h"
 #include "analyses/registry.h"
-#include "core/conversion.h"
 
 namespace quorval::methodeval {
 namespace trueness {
 namespace {
+
+using namespace profile;
 
 // --- Options
 
 constexpr std::array<Choice, 2> kModes{
     {{"raw", "Trueness Profile from raw data"},
      {"pairs", "Trueness Profile from paired (Mean, True) values"}}};
-constexpr Field kMode{
-    .key = "mode", .kind = FieldKind::kChoice, .initial = "raw", .choices = kModes};
-constexpr When kRaw{kMode.key, "raw"}, kPairs{kMode.key, "pairs"};
-
 constexpr std::string_view kRawGroup = "Trueness Profile from raw data:";
 constexpr std::string_view kPairsGroup = "Trueness Profile from paired (True, Mean) values:";
 
-constexpr Field kStartColumn{
-    .key = "start-column",
-    .group = kRawGroup,
-    .caption =
-        "Read True Value and compute means and SEM of measured values from   Data Column "
-        "No.(start):",
-    .enabled = {kRaw}};
-constexpr Field kLastColumn{.key = "last-column",
-                            .group = kRawGroup,
-                            .caption = "Data Column No. (last):",
-                            .enabled = {kRaw}};
-constexpr Field kOutlierLimit{.key = "outlier-limit",
-                              .group = kRawGroup,
-                              .caption = "No. of SD units as outlier rejection limit:",
-                              .initial = "4",
-                              .enabled = {kRaw}};
 constexpr Field kLayoutNote{
     .kind = FieldKind::kNote,
     .group = kRawGroup,
@@ -58,17 +40,18 @@ constexpr Field kSemColumn{.key = "sem-column",
                            .caption = "SEM values from Data Column No.:",
                            .enabled = {kPairs}};
 
-constexpr Field kFields[] = {kMode,       kStartColumn, kLastColumn, kOutlierLimit,
-                             kLayoutNote, kTrueColumn,  kMeanColumn, kSemColumn};
-
-constexpr Rule kRules[] = {
-    {[](const Form& form) {
-       return form.Holds(kRaw) ? AnyOutsideWorksheet(form, kStartColumn, kLastColumn)
-                               : AnyOutsideWorksheet(form, kTrueColumn, kMeanColumn);
-     },
-     kColumnRefused},
-    {[](const Form& form) { return form.Holds(kRaw) && NotPositive(form, kOutlierLimit); },
-     kOptionRefused},
+constexpr Field kFields[] = {
+    WithChoices(kMode, kModes),
+    InGroup(Captioned(kStartColumn,
+                      "Read True Value and compute means and SEM of measured values from   Data "
+                      "Column No.(start):"),
+            kRawGroup),
+    InGroup(kLastColumn, kRawGroup),
+    InGroup(kOutlierLimit, kRawGroup),
+    kLayoutNote,
+    kTrueColumn,
+    kMeanColumn,
+    kSemColumn,
 };
 
 constexpr Dialog frmMethTruenessOpt{
@@ -76,37 +59,27 @@ constexpr Dialog frmMethTruenessOpt{
     .title = "Quorval     Trueness Options   ",
     .heading = "Options for Trueness Determination",
     .fields = kFields,
-    .rules = kRules,
+    .rules = kRules<kTrueColumn, kMeanColumn>,
 };
 static_assert(WellFormed(frmMethTruenessOpt));
 
 // --- Raw data: a column for each level, headed by its true value
 
-struct RawData {
-  ColumnSpan columns;
-  std::vector<Level> levels{};
-  std::vector<int> outlier_columns{};  // those that hold a marked value
-};
+constexpr Layout kLayout{
+    .columns = kThirtyColumns,
+    .heads = 1,
+    .least = 2,
+    .too_few = " Sample size for measured values at given level < 2: No analysis "};
 
-RawData ReadRawData(Run& run, Real outlier_limit) {
-  RawData data{.columns = TakeColumns(run, kStartColumn, kLastColumn)};
-  for (int column = data.columns.start; column <= data.columns.last; ++column) {
-    const Texts texts = ReadColumn(run, column).values;
-    if (texts.size() < 3)
-      run.Refuse(" Sample size for measured values at given level < 2: No analysis ");
-    const Real T = ToNumber(texts.front());
-    const Sample measured = ToNumbers(std::span(texts).subspan(1));
-    const Description d = DescribeSample(run.messages, measured);
-    const Real N = measured.size();
-    data.levels.push_back(
-        {.T = T, .mean = d.mean, .SEM = d.sd / Sqrt(N), .N = static_cast<int>(measured.size())});
-    if (MarkOutliersBySD(run.messages, outlier_limit, measured).count > 0)
-      data.outlier_columns.push_back(column);
-  }
-  return data;
+Level LevelOf(const Replicates& measured) {
+  return {.T = *measured.head,
+          .mean = measured.d.mean,
+          .SEM = measured.d.sd / Sqrt(measured.N),
+          .N = measured.N};
 }
 
-void WriteOutliers(ResultsSheet& sheet, int row, const RawData& data, Real limit) {
+void WriteOutliers(ResultsSheet& sheet, int row, const RawData& data) {
+  const Real limit = data.outlier_limit;
   if (data.outlier_columns.empty()) {
     sheet.Row(row, "No outliers present", "Outlier limit", limit, "SD");
     return;
@@ -116,7 +89,7 @@ void WriteOutliers(ResultsSheet& sheet, int row, const RawData& data, Real limit
     sheet.Row(++row, "Outlier(s) identified in Col. no.:", column);
 }
 
-void WriteRaw(Run& run, const RawData& data, Real outlier_limit) {
+void WriteRaw(Run& run, const RawData& data, const std::vector<Level>& levels) {
   ResultsSheet& sheet = run.sheet;
   sheet.Clear();
   sheet.LetTextsOverflow();
@@ -126,22 +99,23 @@ void WriteRaw(Run& run, const RawData& data, Real outlier_limit) {
   sheet.Row(4, "The following values were read as measured values");
   sheet.Row(5, "First Data Column: Col. no.:", data.columns.start);
   sheet.Row(6, "Last Data Column: Col. no.:", data.columns.last);
-  sheet.Row(7, "No of levels:", static_cast<int>(data.levels.size()));
+  sheet.Row(7, "No of levels:", static_cast<int>(levels.size()));
   sheet.Row(10, "True values", "Mean", "N", "SEM", "%Mean", "%SEM");
   int row = 11;
-  for (const Level& level : data.levels) {
+  for (const Level& level : levels) {
     sheet.Row(row, level.T, level.mean, level.N, *level.SEM);
     PutPercentage(sheet, row, 5, level.PercentMean());
     PutPercentage(sheet, row++, 6, level.PercentSEM());
   }
-  WriteOutliers(sheet, row + 1, data, outlier_limit);
+  WriteOutliers(sheet, row + 1, data);
 }
 
 void RunRaw(Run& run) {
-  const Real outlier_limit = run.form.WholeNumber32(kOutlierLimit);
-  const RawData data = ReadRawData(run, outlier_limit);
-  WriteRaw(run, data, outlier_limit);
-  DrawProfile(run, data.levels);
+  const RawData data = ReadRawData(run, kLayout);
+  std::vector<Level> levels;
+  for (const Replicates& measured : data.levels) levels.push_back(LevelOf(measured));
+  WriteRaw(run, data, levels);
+  DrawProfile(run, levels);
 }
 
 // --- Pairs: a column of true values, one of means, and perhaps one of their SEMs
@@ -155,8 +129,8 @@ std::vector<int> TakePairColumns(const Run& run) {
   return columns;
 }
 
-std::vector<Level> ReadPairs(Run& run, const std::vector<int>& columns) {
-  const std::vector<Sample> values = ReadLevelColumns(run, columns);
+std::vector<Level> ReadLevels(Run& run, const std::vector<int>& columns) {
+  const std::vector<Sample> values = ReadPairs(run, columns);
   std::vector<Level> levels;
   for (std::size_t i = 0; i < values[0].size(); ++i) {
     Level& level = levels.emplace_back(Level{.T = values[0][i], .mean = values[1][i], .SEM = {}});
@@ -191,7 +165,7 @@ void WritePairs(Run& run, const std::vector<int>& columns, const std::vector<Lev
 
 void RunPairs(Run& run) {
   const std::vector<int> columns = TakePairColumns(run);
-  const std::vector<Level> levels = ReadPairs(run, columns);
+  const std::vector<Level> levels = ReadLevels(run, columns);
   WritePairs(run, columns, levels);
   DrawProfile(run, levels);
 }
