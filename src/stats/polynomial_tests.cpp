@@ -6,13 +6,13 @@ namespace quorval {
 namespace {
 
 constexpr double kSignificant = 0.05;
-constexpr double kRounding = 1e-12;
 
 std::optional<FTest> TestLastCoefficient(Messages& messages, std::span<const Real> x,
-                                         std::span<const Real> y, const PolynomialSums& sums) {
+                                         std::span<const Real> y, const PolynomialSums& sums,
+                                         Real negligible) {
   const Real s = PolynomialFit(x, y, sums.k - 1).s;
   Real reduction = (Real(sums.n) - 1) * Square(s) - sums.SSres;
-  if (Abs(reduction) < kRounding * sums.SSres) reduction = 0;
+  if (Abs(reduction) < negligible * sums.SSres) reduction = 0;
   if (reduction < 0) {
     messages.Tell("Supplementary F-test for last coefficient can not be performed");
     return std::nullopt;
@@ -39,7 +39,7 @@ PolynomialSums SumsOf(std::span<const Real> x, std::span<const Real> y, const Po
 }
 
 PolynomialTests TestPolynomial(Messages& messages, std::span<const Real> x, std::span<const Real> y,
-                               const PolynomialSums& sums) {
+                               const PolynomialSums& sums, Real negligible) {
   PolynomialTests tests;
   if (sums.SSres == 0) {
     messages.Tell("zero residuals variation: no F-test");
@@ -48,7 +48,7 @@ PolynomialTests TestPolynomial(Messages& messages, std::span<const Real> x, std:
   const Real F = sums.m2sq / sums.m1sq;
   tests.overall = {F, FUpperTail(sums.k, sums.n - sums.k - 1, F)};
   if (sums.k > 1 && tests.overall->P < kSignificant)
-    tests.last = TestLastCoefficient(messages, x, y, sums);
+    tests.last = TestLastCoefficient(messages, x, y, sums, negligible);
   return tests;
 }
 

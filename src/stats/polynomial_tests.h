@@ -33,9 +33,10 @@ struct PolynomialTests {
 
 // The overall test, m2sq / m1sq, and that of the coefficient of x^k, which is made where k is above
 // 1 and the overall P below 0.05: what the last degree takes off the residual sum of squares
-// against m1sq.  A reduction below 1e-12 of SSres, which rounding decides, counts as none.  Tells
-// why a test can not be made; a Fault above about 340 points.
+// against m1sq.  A reduction below `negligible` times SSres counts as none; with 0 the sign that
+// rounding leaves decides whether the test can be made.  Tells why a test can not be made; a Fault
+// above about 340 points.
 PolynomialTests TestPolynomial(Messages& messages, std::span<const Real> x, std::span<const Real> y,
-                               const PolynomialSums& sums);
+                               const PolynomialSums& sums, Real negligible = 0);
 
 }  // namespace quorval

@@ -47,7 +47,7 @@ TEST(PolynomialTests, TakeWhatRoundingDecidesForNoReduction) {
   RecordedMessages messages;
   const Sample line{0.5, 1.5, 1, 1.5, 2.5, 2.5, 3.5, 3, 3.5, 4.5, 4.5, 5.5};  // means on y = x
   const PolynomialTests tests =
-      TestPolynomial(messages, kX, line, SumsOf(kX, line, PolynomialFit(kX, line, 2)));
+      TestPolynomial(messages, kX, line, SumsOf(kX, line, PolynomialFit(kX, line, 2)), 1e-12);
   ASSERT_TRUE(tests.last);
   EXPECT_EQ(tests.last->F, 0);
   EXPECT_EQ(tests.last->P, 1);

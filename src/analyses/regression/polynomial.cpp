@@ -14,7 +14,7 @@
 #include "analyses/method_comparison.h"
 #include "analyses/registry.h"
 #include "core/conversion.h"
-#include "stats/f_distribution.h"
+#include "stats/polynomial_tests.h"
 #include "stats/significance.h"
 
 namespace quorval::regression {
@@ -67,6 +67,8 @@ Single Number32(const Form& form, const Field& field) { return Single(ToNumber(f
 
 struct OrderedPairs {
   Sample x, y;  // by x; points of equal x in the order of the worksheet
+
+  int Count() const { return static_cast<int>(x.size()); }
 };
 
 OrderedPairs Sort(std::span<const Real> x, std::span<const Real> y) {
@@ -91,86 +93,47 @@ OrderedPairs ReadPairs(Run& run) {
 
 // --- The computation
 
-struct FTest {
-  Real F, P;
-};
-
 struct Results {
-  int degree = 0;
-  int df = 0;  // of the residuals
   Polynomial polynomial{};
   Sample estimate{}, e{};
-  Real SSreg, SSres;
-  Real m2sq, m1sq;  // mean squares, of the regression and of the residuals
-  Real SDyx;
-  Real R;
-  std::optional<FTest> general{}, last_coefficient{};
+  PolynomialSums sums{};
+  PolynomialTests tests{};
+  Real SDyx{}, R{};
   OutlierMarks outliers{};
-  Real t95;
+  Real t95{};
 };
 
-void SumUp(Results& results, const OrderedPairs& points) {
-  const Real mean = Sum(points.y) / points.y.size();
-  for (std::size_t i = 0; i < points.x.size(); ++i) {
-    const Real estimate = results.estimate.emplace_back(results.polynomial.At(points.x[i]));
-    const Real e = results.e.emplace_back(points.y[i] - estimate);
-    results.SSreg += Square(estimate - mean);
-    results.SSres += Square(e);
-  }
-  results.m2sq = results.SSreg / results.degree;
-  results.m1sq = results.SSres / results.df;
-  results.SDyx = Sqrt(results.m1sq);
-}
-
-// Whether the last coefficient is needed: against the fit of the next lower degree.
-std::optional<FTest> TestLastCoefficient(Run& run, const Results& results,
-                                         const OrderedPairs& points) {
-  const Polynomial lower = PolynomialFit(points.x, points.y, results.degree - 1);
-  const Real D = (Real(points.x.size()) - 1) * Square(lower.s) - results.SSres;
-  if (D < 0) {
-    run.messages.Tell("Supplementary F-test for last coefficient can not be performed");
-    return std::nullopt;
-  }
-  const Real F = D / (results.SSres / results.df);
-  return FTest{F, FUpperTail(1, results.df, F)};
-}
-
-void Test(Run& run, Results& results, const OrderedPairs& points) {
-  if (results.SSres == 0) {
-    run.messages.Tell("zero residuals variation: no F-test");
-    return;
-  }
-  const Real F = results.m2sq / results.m1sq;
-  results.general = FTest{F, FUpperTail(results.degree, results.df, F)};
-  if (results.degree > 1 && results.general->P < 0.05)
-    results.last_coefficient = TestLastCoefficient(run, results, points);
-}
-
 Results Compute(Run& run, const OrderedPairs& points, Single limit) {
-  const int n = static_cast<int>(points.x.size());
-  Results results;
-  results.degree = ToInt16(run.form.Text(kDegree));
-  if (results.degree > n - 2)
+  const auto& [x, y] = points;
+  const int n = points.Count();
+  const int degree = ToInt16(run.form.Text(kDegree));
+  if (degree > n - 2)
     run.Refuse("Degree of polynomium is higher than sample size minus two: No analysis");
-  results.df = n - results.degree - 1;
-  results.polynomial = PolynomialFit(points.x, points.y, results.degree);
-  SumUp(results, points);
-  Test(run, results, points);
-  results.R = Sqrt(results.SSreg / (results.SSreg + results.SSres));
+  const int df = n - degree - 1;
+  Results results{.polynomial = PolynomialFit(x, y, degree)};
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    results.estimate.push_back(results.polynomial.At(x[i]));
+    results.e.push_back(y[i] - results.estimate[i]);
+  }
+  const PolynomialSums& sums = results.sums = SumsOf(x, y, results.polynomial);
+  results.SDyx = sums.SDyx();
+  results.tests = TestPolynomial(run.messages, x, y, sums);
+  results.R = Sqrt(sums.SSreg / (sums.SSreg + sums.SSres));
   // The limit counts in SDy.x, the marking in SDs with n - 1 in the denominator.
-  const Real in_sds = limit * Sqrt(n - 1) / Sqrt(results.df);
+  const Real in_sds = limit * Sqrt(n - 1) / Sqrt(df);
   results.outliers = MarkOutliersBySD(run.messages, in_sds, ToSingles(results.e));
-  results.t95 = CriticalT05(results.df);
+  results.t95 = CriticalT05(df);
   return results;
 }
 
 // --- The sheet
 
-void WriteFit(Run& run, const Results& results, int n) {
+void WriteFit(Run& run, const Results& results) {
   ResultsSheet& sheet = run.sheet;
+  const PolynomialSums& sums = results.sums;
   sheet.Row(2, Bold{"  Polynomial regression"});
-  sheet.Row(3, "  Degree", results.degree, "  Project: ", run.context.ProjectName);
-  sheet.Row(4, "  Number of obs.:", n);
+  sheet.Row(3, "  Degree", sums.k, "  Project: ", run.context.ProjectName);
+  sheet.Row(4, "  Number of obs.:", sums.n);
   sheet.Row(5, "  Coefficients:");
   for (std::size_t j = 0; j < results.polynomial.b.size(); ++j)
     sheet.Row(6 + static_cast<int>(j), "  b" + std::to_string(j) + ":", results.polynomial.b[j]);
@@ -178,20 +141,20 @@ void WriteFit(Run& run, const Results& results, int n) {
   constexpr Blank _;
   constexpr std::string_view kDf = "D. f.: ";
   sheet.Row(14, "  Sum of squares and mean squares:");
-  sheet.Row(15, "  Sum of Squares Regression: ", _, _, results.SSreg);
-  sheet.Row(16, "  Mean square Regression (m2sq): ", _, _, results.m2sq, kDf, results.degree);
-  sheet.Row(17, "  Sum of Squares Residual: ", _, _, results.SSres);
-  sheet.Row(18, "  Mean square Residuals (m1sq): ", _, _, results.m1sq, kDf, results.df);
+  sheet.Row(15, "  Sum of Squares Regression: ", _, _, sums.SSreg);
+  sheet.Row(16, "  Mean square Regression (m2sq): ", _, _, sums.m2sq, kDf, sums.k);
+  sheet.Row(17, "  Sum of Squares Residual: ", _, _, sums.SSres);
+  sheet.Row(18, "  Mean square Residuals (m1sq): ", _, _, sums.m1sq, kDf, sums.n - sums.k - 1);
   sheet.Row(19, "  Residuals SD (SDy.x): ", _, _, results.SDyx);
   sheet.Row(21, "  Generel F-test for the significance of polynomial regression: ");
   constexpr std::string_view kRatio = "  F-Ratio: (m2sq/m1sq): ";
   constexpr std::string_view kP = "  P:";
-  if (const auto& test = results.general) {
+  if (const auto& test = results.tests.overall) {
     sheet.Row(23, kRatio, _, _, test->F, kP, test->P);
   } else {
     sheet.Row(23, kRatio, _, _, _, kP);
   }
-  if (const auto& test = results.last_coefficient) {
+  if (const auto& test = results.tests.last) {
     sheet.Row(25, Italic{"  Supplementary F-test for the significance of the last coefficient:"});
     sheet.Row(27, "  F-ratio last coef.:", _, test->F, kP, test->P);
   }
@@ -288,7 +251,7 @@ void RunPolynomial(Run& run) {
   const Results results = Compute(run, points, limit);
 
   run.sheet.Clear();
-  WriteFit(run, results, static_cast<int>(points.x.size()));
+  WriteFit(run, results);
   const int row = WriteOutliersAndEstimate(run, results, limit, x) + 2;
   if (form.On(kShowValues) || form.On(kShowLimits))
     run.sheet.Row(row, "Optional output of values:");
