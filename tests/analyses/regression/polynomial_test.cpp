@@ -151,6 +151,15 @@ TEST(Polynomial, GoesOnWithoutResiduals) {
   EXPECT_EQ(told.PlotOf("frmPolynResPlot").series[0].points[0].y, 0);
 }
 
+TEST(Polynomial, GoesOnWhereRoundingLeavesNothingToTest) {
+  const std::vector<std::string> line{"1", "2", "3", "4", "5", "6", "7", "8"};
+  const Transcript told = RunAnalysis(kPolynomial, {line, line});
+  EXPECT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(told.boxes,
+              ElementsAre("Supplementary F-test for last coefficient can not be performed"));
+  ExpectLabels(told, {{25, ""}, {27, ""}, {29, "  Correlation coefficient (R):"}});
+}
+
 TEST(Polynomial, Refuses) {
   const Columns four{{"1", "2", "3", "4"}, {"1", "4", "9", "15"}};
   const std::string column = "Selected column number should be positive integer =< 30!";
