@@ -4,9 +4,7 @@
 // and two optional tables, and the plots frmXY1s and frmRes1s.  Outliers are reported and drawn
 // apart, and never removed from an estimate.
 #include "analyses/registry.h"
-#include "analyses/regression/fit_least_squares.h"
-#include "analyses/regression/plots.h"
-#include "analyses/regression/regression.h"
+#include "analyses/regression/least_squares_report.h"
 #include "stats/significance.h"
 
 namespace quorval::regression {
@@ -47,54 +45,36 @@ static_assert(WellFormed(MCstatF1so));
 
 // --- The run
 
+constexpr LeastSquaresRows kRows{
+    .sd = 17,
+    .sd_label = "  SDyx",
+    .intercept = 19,
+    .critical_values = 24,
+    .outliers = {.count = 28, .first = 31, .more = 41},
+    .bands = 42,
+    .estimate_heading = "Estim y",
+    .residuals = 55,
+    .residual_headings = {"x value", "y value", "Estim. y ", "Res. (y-(a0+bx)",
+                          "St. res.((y-(a0+bx))/SDy.x)"},
+};
+
 void RunOls(Run& run) {
-  const Form& form = run.form;
   const Pairs data = ReadPairs(run);
-  const auto& x = data.x;
-  const auto& y = data.y;
-  const Levels levels = PlaceLevels(form, RangeOfAbscissae(run, data, 3));
-  const std::optional<LineFit> fit = FitLeastSquares(x, y);
+  const Levels levels = PlaceLevels(run.form, RangeOfAbscissae(run, data, 3));
+  const std::optional<LineFit> fit = FitLeastSquares(data.x, data.y);
   if (!fit) run.Refuse("  Regression result could not be computed ");
   const Estimates estimates = EstimateAt(*fit, levels);
   const Real df = data.Count() - 2;
-  const Real r = PearsonR(run.messages, x, y);
+  const Real r = PearsonR(run.messages, data.x, data.y);
   const Test slope = TestAgainst(1, fit->b, fit->se_b, df);
 
-  ResultsSheet& sheet = run.sheet;
-  sheet.Clear();
+  run.sheet.Clear();
   WriteHead(run, "  Results of Ordinary Least-Squares Regression Analysis", data);
   WriteSlope(run, 11, slope);
-  sheet.Row(16, "  Correlation coefficient", r, CorrelationPClass(df, r));
-
-  Residuals residuals;
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    residuals.estimate.push_back(fit->At(x[i]));
-    residuals.e.push_back(y[i] - fit->At(x[i]));
-  }
-  // The SDyx shown, and the unit of z; the fit's own stays in the standard errors.
-  const Real SDyx = ResidualSD(run, residuals.e);
-  sheet.Row(17, "  SDyx", SDyx);
-  sheet.Row(18, "  Test for dev. from linearity", RunsTestClass(run.messages, residuals.e));
-  WriteIntercept(run, 19, TestAgainst(0, fit->a0, fit->se_a0, df));
-  WriteCriticalValues(run, 24, levels, estimates);
-
-  for (Real e : residuals.e) residuals.z.push_back(e / SDyx);
-  // By the SD around the residuals' mean: not by z.
-  const OutlierMarks outliers = MarkOutliers(run, residuals.e);
-  WriteOutliers(run, {.count = 28, .first = 31, .more = 41}, outliers, data);
-
-  const Bands bands = ComputeBands(levels, estimates, CriticalT05(df));
-  if (form.On(kShowBands)) WriteBands(run, 42, "Estim y", bands);
-  if (form.On(kShowResiduals))
-    WriteResiduals(
-        run, 55,
-        {"x value", "y value", "Estim. y ", "Res. (y-(a0+bx)", "St. res.((y-(a0+bx))/SDy.x)"}, data,
-        residuals);
-
-  DrawXYPlot(run, "X-Y plot Ord. least-squares reg. analysis", data, outliers,
-             {.a0 = fit->a0, .b = fit->b},
-             form.On(kPlotBands) ? std::optional(bands) : std::nullopt);
-  DrawResidualPlot(run, x, residuals.z, outliers);
+  run.sheet.Row(16, "  Correlation coefficient", r, CorrelationPClass(df, r));
+  const Sample w(data.x.size(), 1);
+  ReportLeastSquares(run, kRows, {data, levels, *fit, estimates, w},
+                     "X-Y plot Ord. least-squares reg. analysis");
 }
 
 constexpr Procedure MCstatF1s[] = {{

@@ -6,7 +6,7 @@
 // the points that it marked.
 #include "analyses/registry.h"
 #include "analyses/regression/fit_weighted_least_squares.h"
-#include "analyses/regression/plots.h"
+#include "analyses/regression/least_squares_report.h"
 #include "stats/significance.h"
 
 namespace quorval::regression {
@@ -77,58 +77,40 @@ void WriteWeighting(Run& run, const Weighting& weighting) {
     run.sheet.Row(13, "  Truncation of weighting at lower limit = ", Real(weighting.T));
 }
 
+constexpr LeastSquaresRows kRows{
+    .sd = 20,
+    .sd_label = "  SDy.x prop. factor",
+    .intercept = 23,
+    .critical_values = 29,
+    .outliers = {.count = 34, .first = 39, .more = 50},
+    .bands = 52,
+    .estimate_heading = "Estim. y value",
+    .residuals = 64,
+    .residual_headings = {"x value", "y value", "Estim. y", "Residuals: (y-(a0+bx)",
+                          "St. residuals"},
+};
+
 void RunWls(Run& run) {
-  const Form& form = run.form;
   const Pairs data = ReadPairs(run);
-  const auto& x = data.x;
-  const auto& y = data.y;
-  for (const Sample& values : {x, y})
+  for (const Sample& values : {data.x, data.y})
     RefuseNegativeOrZero(run, values, " Negative or zero numbers: No regression analysis ");
-  const Levels levels = PlaceLevels(form, RangeOfAbscissae(run, data, 3));
-  const Weighting weighting = TakeWeighting(form);
-  const std::optional<WeightedLineFit> fit = FitWeightedLeastSquares(x, y, weighting);
+  const Levels levels = PlaceLevels(run.form, RangeOfAbscissae(run, data, 3));
+  const Weighting weighting = TakeWeighting(run.form);
+  const std::optional<WeightedLineFit> fit = FitWeightedLeastSquares(data.x, data.y, weighting);
   if (!fit) run.Refuse("  Weighted l-s regression analysis could not be computed ");
   const Estimates estimates = EstimateAt(*fit, levels);
   const Real df = data.Count() - 2;
   const Test slope = TestAgainst(1, fit->b, fit->se_b, df);
 
-  ResultsSheet& sheet = run.sheet;
-  sheet.Clear();
+  run.sheet.Clear();
   WriteHead(run, Title(run), data);
   WriteWeighting(run, weighting);
   WriteSlope(run, 14, slope);
-  sheet.Row(19, "  Weighted correlation coefficient", fit->rw, CorrelationPClass(df, fit->rw));
-
-  Residuals residuals;
-  Sample q;  // weighted residuals
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    residuals.estimate.push_back(fit->At(x[i]));
-    const Real e = residuals.e.emplace_back(y[i] - fit->At(x[i]));
-    q.push_back(Sqrt(fit->w[i]) * e);
-  }
-  // The factor shown, and the unit of z; the fit's own stays in the standard errors.
-  const Real factor = ResidualSD(run, q);
-  sheet.Row(20, "  SDy.x prop. factor", factor);
-  sheet.Row(21, "  Test for dev. from linearity", RunsTestClass(run.messages, residuals.e));
-  WriteIntercept(run, 23, TestAgainst(0, fit->a0, fit->se_a0, df));
-  WriteCriticalValues(run, 29, levels, estimates);
-
-  for (Real weighted : q) residuals.z.push_back(weighted / factor);
-  const OutlierMarks outliers = MarkOutliers(run, q);
-  WriteOutliers(run, {.count = 34, .first = 39, .more = 50}, outliers, data);
+  run.sheet.Row(19, "  Weighted correlation coefficient", fit->rw, CorrelationPClass(df, fit->rw));
+  const OutlierMarks outliers =
+      ReportLeastSquares(run, kRows, {data, levels, *fit, estimates, fit->w},
+                         "X-Y plot Weighted least-squares reg. analysis");
   KeepForReanalysis(run, data, outliers);
-
-  const Bands bands = ComputeBands(levels, estimates, CriticalT05(df));
-  if (form.On(kShowBands)) WriteBands(run, 52, "Estim. y value", bands);
-  if (form.On(kShowResiduals))
-    WriteResiduals(run, 64,
-                   {"x value", "y value", "Estim. y", "Residuals: (y-(a0+bx)", "St. residuals"},
-                   data, residuals);
-
-  DrawXYPlot(run, "X-Y plot Weighted least-squares reg. analysis", data, outliers,
-             {.a0 = fit->a0, .b = fit->b},
-             form.On(kPlotBands) ? std::optional(bands) : std::nullopt);
-  DrawResidualPlot(run, x, residuals.z, outliers);
 }
 
 constexpr Procedure MCstatF2s[] = {{
