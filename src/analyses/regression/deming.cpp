@@ -100,16 +100,13 @@ void RunDeming(Run& run) {
   }
 }
 
-constexpr Procedure MCstatF3s[] = {{
+constexpr Procedure MCstatF3s[] = {Comparison({
     .window = "MCstatF3s",
     .title = [](const Form& form) { return WindowTitle("Deming Regression Analysis", form); },
     .menu = {.back = "&Selection of Deming  Reg. options"},
     .print_header = "/cDeming Regression/rPage #/p/n",
-    .plot_jobs = kPlotJobs,
-    .plot_windows = kPlotWindows,
-    .failure = {.fault = "Error occurred", .second = "Error occurred"},
     .run = RunDeming,
-}};
+})};
 
 }  // namespace
 

@@ -77,7 +77,7 @@ void RunOls(Run& run) {
                      "X-Y plot Ord. least-squares reg. analysis");
 }
 
-constexpr Procedure MCstatF1s[] = {{
+constexpr Procedure MCstatF1s[] = {Comparison({
     .window = "MCstatF1s",
     .title =
         [](const Form& form) {
@@ -85,11 +85,8 @@ constexpr Procedure MCstatF1s[] = {{
         },
     .menu = {.back = "&Selection of Ord. L.-S.  Reg. options"},
     .print_header = "/cOrd. Linear regression/rPage #/p/n",
-    .plot_jobs = kPlotJobs,
-    .plot_windows = kPlotWindows,
-    .failure = {.fault = "Error occurred", .second = "Error occurred"},
     .run = RunOls,
-}};
+})};
 
 }  // namespace
 

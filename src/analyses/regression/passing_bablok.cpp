@@ -115,17 +115,14 @@ void RunPassingBablok(Run& run) {
   DrawUnmarkedResidualPlot(run, x, residuals.z);
 }
 
-constexpr Procedure MCstatF5s[] = {{
+constexpr Procedure MCstatF5s[] = {Comparison({
     .window = "MCstatF5s",
     .title =
         [](const Form& form) { return WindowTitle("Nonparametric Regression Analysis", form); },
     .menu = {.back = "&Selection of Nonpar.  Reg. options"},
     .print_header = "/cPassing-Bablok Regression/rPage #/p/n",
-    .plot_jobs = kPlotJobs,
-    .plot_windows = kPlotWindows,
-    .failure = {.fault = "Error occurred", .second = "Error occurred"},
     .run = RunPassingBablok,
-}};
+})};
 
 }  // namespace
 

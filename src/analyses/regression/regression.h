@@ -60,6 +60,14 @@ inline constexpr std::array<PlotPicture, 2> kPictures{{
 }};
 inline constexpr std::array<PlotJob, 1> kPlotJobs{{{.pictures = kPictures}}};
 
+// A method's own procedure with what all of them have: the plots, and the words of a failure.
+constexpr Procedure Comparison(Procedure own) {
+  own.plot_jobs = kPlotJobs;
+  own.plot_windows = kPlotWindows;
+  own.failure = {.fault = "Error occurred", .second = "Error occurred"};
+  return own;
+}
+
 // --- Intake
 
 struct Pairs {

@@ -152,17 +152,14 @@ void RunWeightedDeming(Run& run) {
   }
 }
 
-constexpr Procedure MCstatF4s[] = {{
+constexpr Procedure MCstatF4s[] = {Comparison({
     .window = "MCstatF4s",
     .title =
         [](const Form& form) { return WindowTitle("Weighted Deming Regression Analysis", form); },
     .menu = {.back = "&Selection of W. Deming  Reg. options"},
     .print_header = "/cWeighted Deming Regression/rPage #/p/n",
-    .plot_jobs = kPlotJobs,
-    .plot_windows = kPlotWindows,
-    .failure = {.fault = "Error occurred", .second = "Error occurred"},
     .run = RunWeightedDeming,
-}};
+})};
 
 }  // namespace
 

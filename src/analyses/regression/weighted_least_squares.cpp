@@ -113,7 +113,7 @@ void RunWls(Run& run) {
   KeepForReanalysis(run, data, outliers);
 }
 
-constexpr Procedure MCstatF2s[] = {{
+constexpr Procedure MCstatF2s[] = {Comparison({
     .window = "MCstatF2s",
     .title =
         [](const Form& form) {
@@ -121,11 +121,8 @@ constexpr Procedure MCstatF2s[] = {{
         },
     .menu = {.back = "&Selection of Weighted L.-S.  Reg. options"},
     .print_header = "/cWeighted Linear Regression/rPage #/p/n",
-    .plot_jobs = kPlotJobs,
-    .plot_windows = kPlotWindows,
-    .failure = {.fault = "Error occurred", .second = "Error occurred"},
     .run = RunWls,
-}};
+})};
 
 }  // namespace
 
