@@ -58,14 +58,6 @@ std::string_view Title(const Run& run) {
                    : "  Results of Deming Regression Analysis (single option)";
 }
 
-void WriteRatio(Run& run, const DemingLine& line) {
-  if (IsDuplicate(run.form)) {
-    run.sheet.Row(18, "  Estimated SDax/SDay", Sqrt(line.lambda));
-  } else {
-    run.sheet.Row(18, "  Assigned   SDax/SDay", Real(run.form.Number32(kSdRatio)));
-  }
-}
-
 template <class Measurements>
 void Analyse(Run& run, const Pairs& data, const Measurements& measured) {
   constexpr std::string_view kNotComputed = "  Deming regression analysis could not be computed ";
@@ -86,7 +78,7 @@ void Analyse(Run& run, const Pairs& data, const Measurements& measured) {
   run.sheet.Row(16, "  Correlation coefficient", r, CorrelationPClass(df, r));
   const Sample e = VerticalResiduals<Width>(data, *line);
   run.sheet.Row(17, "  SDyx (vertical)", ResidualSD(run, e));
-  WriteRatio(run, *line);
+  WriteRatio(run, *line, "  Estimated SDax/SDay");
   ReportDeming<Width>(run, {data, levels, *line, errors, e}, "XY-plot Deming regression analysis");
 }
 

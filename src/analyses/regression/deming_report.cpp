@@ -20,6 +20,14 @@ void WriteShortTables(Run& run, const DemingFit& fit, const Bands& bands,
 
 }  // namespace
 
+void WriteRatio(Run& run, const DemingLine& line, std::string_view estimated_label) {
+  if (IsDuplicate(run.form)) {
+    run.sheet.Row(18, estimated_label, Sqrt(line.lambda));
+  } else {
+    run.sheet.Row(18, "  Assigned   SDax/SDay", Real(run.form.Number32(kSdRatio)));
+  }
+}
+
 void WriteDemingTables(Run& run, const DemingFit& fit, const Bands& bands,
                        const DistanceResiduals& distances, const Sample& z) {
   if (run.repeated != nullptr) return WriteShortTables(run, fit, bands, distances);

@@ -31,6 +31,9 @@ inline DuplicateMeasurements TakeDuplicate(const Pairs& data) {
   return {x1, x2, y1, y2};
 }
 
+// Row 18: the ratio of the SDs as assigned, or as estimated from the duplicates.
+void WriteRatio(Run& run, const DemingLine& line, std::string_view estimated_label);
+
 // A fitted line with all that its report needs.
 struct DemingFit {
   const Pairs& data;

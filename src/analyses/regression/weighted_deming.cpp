@@ -91,14 +91,6 @@ void WriteWeighting(Run& run, const Weighting& weighting) {
   run.sheet.Row(10, "Truncation of weighting at lower limit =   ", Real(weighting.T));
 }
 
-void WriteRatio(Run& run, const DemingLine& line) {
-  if (IsDuplicate(run.form)) {
-    run.sheet.Row(18, "  Estimated   SDax/SDay", Sqrt(line.lambda));
-  } else {
-    run.sheet.Row(18, "  Assigned   SDax/SDay", Real(run.form.Number32(kSdRatio)));
-  }
-}
-
 // --- The run
 
 // Looks at the single measurements.
@@ -136,7 +128,7 @@ void Analyse(Run& run, const Pairs& data, const Measurements& measured) {
   Sample q;  // weighted residuals
   for (std::size_t i = 0; i < e.size(); ++i) q.push_back(Width(Sqrt(line->w[i]) * e[i]));
   run.sheet.Row(17, "SDy.x prop. factor (vertical)", ResidualSD(run, q));
-  WriteRatio(run, *line);
+  WriteRatio(run, *line, "  Estimated   SDax/SDay");
   ReportDeming<Width>(run, {data, levels, *line, errors, e},
                       "XY-plot Weighted Deming regression analysis");
 }
