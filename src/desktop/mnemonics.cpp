@@ -61,26 +61,26 @@ bool IsControl(const QWidget& widget, const QWidget& window) {
          widget.isVisibleTo(&window);
 }
 
-// The label that stands for the control: its own, or the frame that holds nothing else.
-QObject* LabelOf(const QWidget& control, const QList<QWidget*>& controls, const QWidget& window) {
-  for (QLabel* label : window.findChildren<QLabel*>())
-    if (label->buddy() == &control) return label;
+// What bears the control's letter: a box to tick or choose itself, else the frame that holds
+// nothing else, the button itself, or the label of a field.
+QObject* CaptionOf(QWidget& control, const QList<QWidget*>& controls, const QWidget& window) {
+  auto* const button = qobject_cast<QAbstractButton*>(&control);
+  if (button != nullptr && button->isCheckable()) return button;
   auto* const frame = qobject_cast<QGroupBox*>(control.parentWidget());
   const auto in_frame = [&](const QWidget* other) { return other->parentWidget() == frame; };
-  return std::ranges::count_if(controls, in_frame) == 1 ? frame : nullptr;
+  if (frame != nullptr && std::ranges::count_if(controls, in_frame) == 1) return frame;
+  if (button != nullptr) return button;
+  for (QLabel* label : window.findChildren<QLabel*>())
+    if (label->buddy() == &control) return label;
+  return nullptr;
 }
 
-// The property that holds a caption.
-const char* CaptionOf(const QObject& labelled) {
-  return qobject_cast<const QGroupBox*>(&labelled) != nullptr ? "title" : "text";
-}
-
-bool Mark(QObject* labelled, Letters& letters) {
-  if (labelled == nullptr) return false;
-  const char* const property = CaptionOf(*labelled);
-  const QString caption = labelled->property(property).toString();
+bool Mark(QObject* captioned, Letters& letters) {
+  if (captioned == nullptr) return false;
+  const char* const property = qobject_cast<QGroupBox*>(captioned) != nullptr ? "title" : "text";
+  const QString caption = captioned->property(property).toString();
   const QString marked = letters.Marked(Unmarked(caption));
-  if (marked != caption) labelled->setProperty(property, marked);
+  if (marked != caption) captioned->setProperty(property, marked);
   return marked != Unmarked(caption);
 }
 
@@ -90,8 +90,10 @@ void GiveNumber(QWidget& control, Letters& letters) {
   auto* const shortcut =
       new QShortcut(QKeySequence(QStringLiteral("Alt+") + digit), control.window());
   shortcut->setObjectName(kShortcutName);
-  QObject::connect(shortcut, &QShortcut::activated, &control,
-                   [&control] { control.setFocus(Qt::ShortcutFocusReason); });
+  QObject::connect(shortcut, &QShortcut::activated, &control, [&control] {
+    control.setFocus(Qt::ShortcutFocusReason);
+    if (auto* const button = qobject_cast<QAbstractButton*>(&control)) button->click();
+  });
   control.setToolTip(shortcut->key().toString(QKeySequence::NativeText));
 }
 
@@ -112,11 +114,8 @@ void GiveMnemonics(QWidget& window) {
   std::ranges::stable_partition(controls, [](const QWidget* control) {
     return qobject_cast<const QDialogButtonBox*>(control->parentWidget()) != nullptr;
   });
-  for (QWidget* control : controls) {
-    const bool is_button = qobject_cast<QAbstractButton*>(control) != nullptr;
-    QObject* const labelled = is_button ? control : LabelOf(*control, controls, window);
-    if (!Mark(labelled, letters)) GiveNumber(*control, letters);
-  }
+  for (QWidget* control : controls)
+    if (!Mark(CaptionOf(*control, controls, window), letters)) GiveNumber(*control, letters);
 }
 
 QString Unmarked(const QString& caption) {
