@@ -27,7 +27,7 @@ constexpr MenuEntry kStatisticsMenu[] = {
     {"D&iagnostic test Evaluation", &diagnostic::kDiagnostic},
     {"&Comparison of Diagnostic tests", &diagnostic::kCompareTests},
     {"&General Statistics: One Sample"},
-    {"General Statistics: &Two Samples (t-test etc)"},
+    {"General Statistics: &Two Samples (t-test etc)", &general::kTwoSamples},
     {"General Statistics: Several Samples "},
 };
 

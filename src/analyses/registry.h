@@ -61,4 +61,8 @@ namespace reference {
 extern const Analysis kReference;
 }  // namespace reference
 
+namespace general {
+extern const Analysis kTwoSamples;
+}  // namespace general
+
 }  // namespace quorval

@@ -113,12 +113,25 @@ void Workbench::RunProcedure(OpenAnalysis& open) {
   RunMessages messages(platform_);
   Run run{open.form, project_.worksheet(), project_.context(), messages, window.sheet};
   window.outcome = Execute(procedure, run);
+  if (window.outcome == Outcome::kDone) window.outcome = KeepPicture(procedure, run);
   window.sheet.PaintHead();
   window.shown =
       window.outcome == Outcome::kDone || procedure.failure.aftermath == Aftermath::kWindowStays;
   open.dialog_shown = !window.shown;
   window.rejection = std::move(run.rejection);
   TakePlots(window, window.shown ? std::move(run.plots) : std::vector<Plot>{});
+}
+
+Outcome Workbench::KeepPicture(const Procedure& procedure, Run& run) {
+  const KeptPicture& picture = procedure.kept_picture;
+  if (picture.file.empty()) return Outcome::kDone;
+  const Outcome outcome = Guard(run.messages, procedure.failure, [&] {
+    if (platform_.KeepPlot(run.plots.back(), project_.context().AppFolder / picture.file)) return;
+    run.messages.Tell(picture.failure);
+    throw Failure{};
+  });
+  if (outcome == Outcome::kRefused) run.plots.clear();
+  return outcome;
 }
 
 void Workbench::Reanalyse(OpenAnalysis& open) {

@@ -89,6 +89,8 @@ class Workbench {
 
  private:
   void RunProcedure(OpenAnalysis& open);
+  // The picture is part of the run: the run has failed where it cannot be kept.
+  Outcome KeepPicture(const Procedure& procedure, Run& run);
   void TakePlots(ResultsWindow& window, std::vector<Plot> plots);
   void UnloadResults(OpenAnalysis& open);
   void Tell(std::string_view text);

@@ -38,6 +38,12 @@ struct PlotJob {
   std::string_view entry{};
 };
 
+// A picture of the run's one plot that is left in the program folder, by the file's extension.
+struct KeptPicture {
+  std::string_view file{};     // empty: none is left
+  std::string_view failure{};  // the words where it cannot be written, which fails the run
+};
+
 // The File menu of a results window.
 struct FileMenu {
   std::string_view back{};  // goes back to the options; empty: there is no such entry
@@ -64,6 +70,7 @@ struct Procedure {
   std::span<const PlotJob> plot_jobs{};
   std::span<const std::string_view> plot_windows{};  // open beside the results, filled or not
   PlotButton plot_button{};
+  KeptPicture kept_picture{};
   bool offers_tutorial = false;  // "&Tutorial" in the Help menu
   FailurePolicy failure{};
   void (*run)(Run&);

@@ -23,6 +23,9 @@ class QtPlatform : public Platform {
   bool Print(std::span<const PrintJob> jobs) override;
   bool WritePicture(const Plot& plot, const std::filesystem::path& path) override;
   bool KeepPicture(std::string_view svg, const std::filesystem::path& path) override;
+  bool KeepPlot(const Plot& plot, const std::filesystem::path& path) override {
+    return WritePicture(plot, path);
+  }
   std::optional<int> Setting(std::string_view key) override;
   void SetSetting(std::string_view key, int value) override;
   // A folder's contents, a page in it ("DOCQUORVAL.hlp/page.md"), or a single page.

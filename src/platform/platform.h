@@ -82,6 +82,8 @@ class Platform {
   // Keeps a picture, an SVG document, in a file.  False when it could not be written; a machine
   // without a screen keeps none and is content.
   virtual bool KeepPicture(std::string_view, const std::filesystem::path&) { return true; }
+  // The same of a plot's picture, by the path's extension.
+  virtual bool KeepPlot(const Plot&, const std::filesystem::path&) { return true; }
 
   // Opens a help file by name, at its contents or at its search.  False when there is none.
   virtual bool OpenHelp(std::string_view file, bool search) = 0;

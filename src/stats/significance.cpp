@@ -154,4 +154,10 @@ std::string_view RunsTestClass(Messages& messages, std::span<const Real> residua
 
 }  // namespace MCregaM2
 
+TTest TestAgainst(Real expected, Real estimate, Real se, Real df) {
+  const Real t = (estimate - expected) / se;
+  const Real margin = CriticalT05(df) * se;
+  return {estimate, se, t, estimate - margin, estimate + margin, TPClass(df, t)};
+}
+
 }  // namespace quorval

@@ -31,4 +31,15 @@ std::string_view RunsTestClass(Messages& messages, std::span<const Real> residua
 
 }  // namespace MCregaM2
 
+// An estimate against its expected value, by Student's t.
+struct TTest {
+  Real estimate, se;
+  Real t;
+  Real lower, upper;  // 95 % confidence limits
+  std::string_view P;
+};
+
+// A SE of 0 is a Fault.
+TTest TestAgainst(Real expected, Real estimate, Real se, Real df);
+
 }  // namespace quorval

@@ -66,7 +66,7 @@ void RunOls(Run& run) {
   const Estimates estimates = EstimateAt(*fit, levels);
   const Real df = data.Count() - 2;
   const Real r = PearsonR(run.messages, data.x, data.y);
-  const Test slope = TestAgainst(1, fit->b, fit->se_b, df);
+  const TTest slope = TestAgainst(1, fit->b, fit->se_b, df);
 
   run.sheet.Clear();
   WriteHead(run, "  Results of Ordinary Least-Squares Regression Analysis", data);

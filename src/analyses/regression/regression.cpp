@@ -1,7 +1,6 @@
 #include "analyses/regression/regression.h"
 
 #include "core/conversion.h"
-#include "stats/significance.h"
 
 namespace quorval::regression {
 namespace {
@@ -81,12 +80,6 @@ Bands ComputeBands(const Levels& levels, const Estimates& estimates, Real tcrit)
   return bands;
 }
 
-Test TestAgainst(Real expected, Real estimate, Real se, Real df) {
-  const Real t = (estimate - expected) / se;
-  const Real margin = CriticalT05(df) * se;
-  return {estimate, se, t, estimate - margin, estimate + margin, TPClass(df, t)};
-}
-
 Real ResidualSD(Run& run, std::span<const Real> residuals) {
   const Real n = residuals.size();
   return DescribeSample(run.messages, residuals).sd * Sqrt((n - 1) / (n - 2));
@@ -132,7 +125,7 @@ void WriteSingleColumns(Run& run, const Pairs& data) {
   run.sheet.Row(8, "  y: Col no.", data.columns[1]);
 }
 
-void WriteSlope(Run& run, int row, const Test& slope) {
+void WriteSlope(Run& run, int row, const TTest& slope) {
   ResultsSheet& sheet = run.sheet;
   sheet.Row(row, "  Slope b", slope.estimate);
   sheet.Row(row + 1, "  SE b", slope.se);
@@ -141,7 +134,7 @@ void WriteSlope(Run& run, int row, const Test& slope) {
   sheet.Row(row + 4, "  t  and  P", slope.t, slope.P);
 }
 
-void WriteIntercept(Run& run, int row, const Test& intercept) {
+void WriteIntercept(Run& run, int row, const TTest& intercept) {
   ResultsSheet& sheet = run.sheet;
   sheet.Row(row, "  Intercept  a0", intercept.estimate);
   sheet.Row(row + 1, "  SE a0", intercept.se);

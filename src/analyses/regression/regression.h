@@ -8,6 +8,7 @@
 
 #include "analyses/method_comparison.h"
 #include "core/analysis.h"
+#include "stats/significance.h"
 
 namespace quorval::regression {
 
@@ -124,16 +125,6 @@ Bands ComputeBands(const Levels& levels, const Estimates& estimates, Real tcrit)
 
 // --- Tests and residuals
 
-struct Test {
-  Real estimate, se;
-  Real t;
-  Real lower, upper;  // 95 % confidence limits
-  std::string_view P;
-};
-
-// Student's t of the estimate against its expected value.  A SE of 0 is a Fault.
-Test TestAgainst(Real expected, Real estimate, Real se, Real df);
-
 // The SD of residuals from a fitted line, n - 2 degrees of freedom.
 Real ResidualSD(Run& run, std::span<const Real> residuals);
 
@@ -158,8 +149,8 @@ void WriteHead(Run& run, std::string_view title, const Pairs& data);
 void WriteSingleColumns(Run& run, const Pairs& data);
 
 // Five rows each: the estimate, its SE and limits, and the test.
-void WriteSlope(Run& run, int row, const Test& slope);
-void WriteIntercept(Run& run, int row, const Test& intercept);
+void WriteSlope(Run& run, int row, const TTest& slope);
+void WriteIntercept(Run& run, int row, const TTest& intercept);
 
 // Two rows for each critical value that is shown.
 void WriteCriticalValues(Run& run, int row, const Levels& levels, const Estimates& estimates);

@@ -116,7 +116,7 @@ void Analyse(Run& run, const Pairs& data, const Measurements& measured) {
   if (!without_each) run.Refuse(kNotComputed);
   const JackknifeErrors errors = Jackknife(run.messages, *line, *without_each, levels);
   const Real df = data.Count() - 2;
-  const Test slope = TestAgainst(1, line->b, errors.se_b, df);
+  const TTest slope = TestAgainst(1, line->b, errors.se_b, df);
 
   run.sheet.Clear();
   WriteTitle(run);

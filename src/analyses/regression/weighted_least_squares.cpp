@@ -100,7 +100,7 @@ void RunWls(Run& run) {
   if (!fit) run.Refuse("  Weighted l-s regression analysis could not be computed ");
   const Estimates estimates = EstimateAt(*fit, levels);
   const Real df = data.Count() - 2;
-  const Test slope = TestAgainst(1, fit->b, fit->se_b, df);
+  const TTest slope = TestAgainst(1, fit->b, fit->se_b, df);
 
   run.sheet.Clear();
   WriteHead(run, Title(run), data);

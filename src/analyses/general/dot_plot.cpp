@@ -1,0 +1,20 @@
+#include "analyses/general/dot_plot.h"
+
+namespace quorval::general {
+
+Plot& AddDotPlot(Run& run, std::string_view caption, int samples) {
+  Plot& plot = run.AddPlot(kDotPlotWindow, caption);
+  plot.x.min = 0;
+  plot.x.max = samples + 1;
+  return plot;
+}
+
+Points DotsAt(Real place, std::span<const Real> values) {
+  Points points;
+  for (Real value : values) points.push_back({place, value});
+  return points;
+}
+
+Points BarAt(Real place, Real level) { return {{place - 0.2, level}, {place + 0.2, level}}; }
+
+}  // namespace quorval::general
