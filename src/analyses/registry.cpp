@@ -26,9 +26,9 @@ constexpr MenuEntry kStatisticsMenu[] = {
     {"&Reference Interval", &reference::kReference},
     {"D&iagnostic test Evaluation", &diagnostic::kDiagnostic},
     {"&Comparison of Diagnostic tests", &diagnostic::kCompareTests},
-    {"&General Statistics: One Sample"},
+    {"&General Statistics: One Sample", &general::kOneSample},
     {"General Statistics: &Two Samples (t-test etc)", &general::kTwoSamples},
-    {"General Statistics: Several Samples "},
+    {"General Statistics: Several Samples ", &general::kSeveralSamples},
 };
 
 void Collect(std::span<const MenuEntry> menu, std::vector<MenuEntry>& entries) {

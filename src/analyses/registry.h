@@ -62,7 +62,9 @@ extern const Analysis kReference;
 }  // namespace reference
 
 namespace general {
+extern const Analysis kOneSample;
 extern const Analysis kTwoSamples;
+extern const Analysis kSeveralSamples;
 }  // namespace general
 
 }  // namespace quorval

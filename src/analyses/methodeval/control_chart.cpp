@@ -41,7 +41,7 @@ constexpr Rule kRules[] = {
     {[](const Form& form) {
        return AnyOutsideWorksheet(form, kValueColumn, kMeanColumn, kSdColumn);
      },
-     "Selected column no. < 1 or > 500!"},
+     kWorksheetColumnRefused},
 };
 
 constexpr Dialog frmControlChartOpt{

@@ -68,7 +68,7 @@ constexpr Rule kRules[] = {
               (form.Holds(kByEp17) &&
                AnyOutsideWorksheet(form, kBlankColumn, kStartColumn, kLastColumn));
      },
-     "Selected column no. < 1 or > 500!"},
+     kWorksheetColumnRefused},
     {[](const Form& form) { return NotPositive(form, kOutlierLimit); }, kOptionRefused},
 };
 

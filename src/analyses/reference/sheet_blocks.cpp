@@ -1,5 +1,7 @@
 #include "analyses/reference/sheet_blocks.h"
 
+#include "analyses/outlier_list.h"
+
 namespace quorval::reference {
 namespace {
 
@@ -36,7 +38,6 @@ void WriteInterval(ResultsSheet& sheet, int row, const ReferenceInterval& interv
 
 void WriteOutliers(ResultsSheet& sheet, const OutlierRows& rows, const OutlierMarks& outliers,
                    Real limit, std::span<const Real> values) {
-  constexpr int kMostListed = 5;
   constexpr std::string_view kLimit = "  Number of SDs as outlier limit: ";
   if (outliers.count == 0) {
     sheet.Row(rows.count, "  No outliers  ");
@@ -46,11 +47,7 @@ void WriteOutliers(ResultsSheet& sheet, const OutlierRows& rows, const OutlierMa
   sheet.Row(rows.count, "  Number of outlier(s) detected: ", Real(outliers.count));
   sheet.Row(rows.limit, kLimit, limit);
   sheet.Row(rows.heading, rows.words);
-  int listed = 0;
-  for (std::size_t i = 0; i < values.size() && listed < kMostListed; ++i)
-    if (outliers.flags[i]) sheet.Row(rows.heading + ++listed, values[i]);
-  if (outliers.count > kMostListed)
-    sheet.Row(rows.heading + kMostListed + 1, "  More than 5 outliers that are not displayed ");
+  ListOutliers(sheet, rows.heading + 1, outliers, values);
 }
 
 }  // namespace quorval::reference

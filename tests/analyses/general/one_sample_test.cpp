@@ -1,0 +1,216 @@
+// Expected numbers come from tests/independent/general_statistics.py, or by hand.
+#include "analyses/general/general_data.h"
+#include "analyses/registry.h"
+
+namespace quorval::test {
+namespace {
+
+using general::kOneSample;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+Transcript RunGlucose(const Settings& settings = {}) {
+  return RunTitled(kOneSample, {kGlucose}, settings);
+}
+
+TEST(OneSample, WritesItsSheet) {
+  const Transcript told = RunGlucose();
+  ASSERT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(told.boxes, IsEmpty());
+  EXPECT_THAT(
+      LinesOf(told.sheet),
+      ElementsAre("2:*  General statistics - one sample", "3:  Project:|Project 1",
+                  "4:  Analyte: |Glucose|  Analyst: ||  Date: ", "5:  Number of observations: |12",
+                  "6:  Minimum: |4.4000", "7:  Maximum: |7.9000",
+                  "8:  Median(see dot plot): |5.3000", "9:  Mean: |5.6000", "10:  SD: |0.9573",
+                  "11:  SEM: |0.2763", "12:  Skewness: |1.1314|  SD of skewness: |0.7071",
+                  "13:  Kurtosis: |0.7832|  SD of kurtosis: |1.4142",
+                  "15:  Result of Normality test (Anderson-Darling): ", "16:  P |0.17",
+                  "18:  No outliers  ", "19:  No. of SDs as outlier limit: |4.0000"));
+  ExpectNumbers(told, {{6, 2, 4.400000095367432},
+                       {8, 2, 5.299999952316284},
+                       {9, 2, 5.599999984105428},
+                       {10, 2, 0.9572688259587759},
+                       {11, 2, 0.2763397071770682},
+                       {12, 2, 1.131356146328647},
+                       {12, 4, 0.7071067811865476},
+                       {13, 2, 0.7831639637186165},
+                       {13, 4, 1.4142135623730951}});
+  EXPECT_EQ(RunAnalysis(kOneSample, {kGlucose}).Text(4, 2), " ");
+}
+
+TEST(OneSample, ListsFiveOutliersInOrderAndTellsOfMore) {
+  EXPECT_THAT(
+      LinesOf(RunGlucose({{"outlier-limit", "2.1"}}).sheet, 18),
+      ElementsAre("18:  Number of outlier(s) detected: |1",
+                  "19:  Number of SDs as outlier limit: |2.1000", "20:  Outliers: ", "21:7.9000"));
+  const auto lines_of = [](const std::vector<std::string>& values, const char* limit) {
+    return LinesOf(RunAnalysis(kOneSample, {values}, {{"outlier-limit", limit}}).sheet, 21);
+  };
+  EXPECT_THAT(lines_of({"6", "1", "5", "2", "0", "3", "3"}, "0.8"),  // mean 2.857, SD 2.116
+              ElementsAre("21:0.0000", "22:1.0000", "23:5.0000", "24:6.0000"));
+  EXPECT_THAT(lines_of({"6", "1", "5", "2", "0", "4"}, "-1"),  // no limit at all
+              ElementsAre("21:0.0000", "22:1.0000", "23:2.0000", "24:4.0000", "25:5.0000",
+                          "26:  More than 5 outliers that are not displayed "));
+  EXPECT_EQ(lines_of({"6", "1", "5", "2", "3"}, "0").size(), 5U);
+}
+
+TEST(OneSample, WritesPercentilesWithTheirSE) {
+  const Transcript told = RunGlucose({{"percentiles", "on"},
+                                      {"percentile1", "75"},
+                                      {"percentile1-se", "on"},
+                                      {"percentile2", "12.3"},
+                                      {"percentile2-se", "on"}});
+  EXPECT_THAT(
+      LinesOf(told.sheet, 27),
+      ElementsAre("27:  Display of percentiles (nonparametric)", "28:  10-percentile:|4.6800",
+                  "29:  20-percentile:|4.8900", "30:  30-percentile:|5.1000",
+                  "31:  40-percentile:|5.1000", "32:  50-percentile:|5.3000",
+                  "33:  60-percentile:|5.6400", "34:  70-percentile:|5.8800",
+                  "35:  80-percentile:|6.2400", "36:  90-percentile:|6.9900",
+                  "37:  User-specified percentile(s):", "38:  Percentile:|75", "39:  Value:|6.0500",
+                  "40:  Bootstrap SE of User-specified percentile:|0.4689",
+                  "41:  User-specified percentile:", "42:  Percentile:|12.3", "43:  Value:|4.7904",
+                  "44:  Bootstrap SE of User-specified percentile:|0.2396"));
+  ExpectNumbers(told, {{28, 2, 4.680000162124633},
+                       {29, 2, 4.890000104904175},
+                       {34, 2, 5.880000066757201},
+                       {36, 2, 6.989999961853028},
+                       {39, 2, 6.049999952316284},
+                       {40, 2, 0.4689226462233366},
+                       {43, 2, 4.79040019760132},
+                       {44, 2, 0.23960549812374943}});
+}
+
+TEST(OneSample, WritesTheUserPercentilesThatItCan) {
+  struct Case {
+    Settings settings;
+    std::vector<int> rows;  // from 37 on
+    std::size_t marks;      // in the histogram
+  };
+  const std::vector<Case> cases{
+      {{}, {}, 0},
+      {{{"percentile1-se", "on"}}, {}, 0},
+      {{{"percentile1", "0"}, {"percentile2", "100"}}, {}, 0},  // positions 0.5 and 12.5
+      {{{"percentile1", "97.5"}, {"percentile2", "50"}}, {41, 42, 43}, 1},
+      {{{"percentile1", "-5"}, {"percentile1-se", "on"}}, {}, 0},
+      {{{"percentile1", "5"}, {"percentile2", "95"}}, {37, 38, 39, 41, 42, 43}, 2},
+  };
+  for (const Case& c : cases) {
+    Settings settings = c.settings;
+    settings.emplace_back("percentiles", "on");
+    const Transcript told = RunGlucose(settings);
+    EXPECT_EQ(told.outcome, Outcome::kDone);
+    std::vector<int> rows;
+    for (int row = 37; row <= told.sheet.DataRowCnt(); ++row)
+      if (!told.Text(row, 1).empty()) rows.push_back(row);
+    EXPECT_EQ(rows, c.rows);
+    EXPECT_EQ(told.PlotOf("frmHistoPlot").series.size(), 2 + c.marks);
+  }
+  const Transcript off = RunGlucose({{"percentile1", "50"}});
+  EXPECT_EQ(off.sheet.DataRowCnt(), 19);
+  EXPECT_EQ(off.PlotOf("frmHistoPlot").series.size(), 2U);
+}
+
+// --- Plots
+
+TEST(OneSample, DrawsItsFourPlots) {
+  const Transcript told = RunGlucose({{"percentiles", "on"}, {"percentile2", "75"}});
+  std::vector<std::string> windows;
+  for (const Plot& plot : told.plots) windows.push_back(plot.window);
+  EXPECT_THAT(windows, ElementsAre("frmDotplot", "frmHistoAbsPlot", "frmHistoPlot", "frmCumGauss"));
+
+  const Plot& dots = told.PlotOf("frmDotplot");
+  EXPECT_EQ(PointsText(dots.series[0]).substr(0, 27), "1,4.400000095 1,4.800000191");
+  EXPECT_EQ(PointsText(dots.series[1]), "0.8,5.299999952 1.2,5.299999952");
+
+  const Plot& numbers = told.PlotOf("frmHistoAbsPlot");
+  EXPECT_EQ(PointsText(numbers.series.at(0)), "5.275000095,9 7.025000095,3");
+  EXPECT_EQ(numbers.series.size(), 1U);
+
+  const Plot& relative = told.PlotOf("frmHistoPlot");
+  EXPECT_THAT(SizesOf(relative), ElementsAre(2, 100, 2));
+  EXPECT_EQ(PointsText(relative.series[0]), "5.275000095,0.75 7.025000095,0.25");
+  EXPECT_EQ(PointsText(relative.series[2]), "6.049999952,0 6.049999952,0.75");
+  const Point& first = relative.series[1].points.front();
+  const double z = (4.400000095367432 - 5.599999984105428) / 0.9572688259587759;
+  EXPECT_NEAR(Raw(first.y), 1.75 * std::exp(-z * z / 2) / (0.9572688259587759 * 2.5066282746),
+              1e-9);
+
+  const Plot& cumulative = told.PlotOf("frmCumGauss");
+  EXPECT_THAT(SizesOf(cumulative), ElementsAre(12, 100));
+  EXPECT_EQ(Raw(cumulative.series[0].points.back().y), 1);
+  EXPECT_NEAR(Raw(cumulative.series[1].points.front().y), std::erfc(-z / std::sqrt(2)) / 2, 2.5e-7);
+}
+
+TEST(OneSample, TakesEachHistogramsClassesFromItsOwnGroup) {
+  const Transcript told = RunGlucose({{"absolute-classes", "user"},
+                                      {"absolute-class-count", "3"},
+                                      {"relative-classes", "user"},
+                                      {"relative-class-count", "5"}});
+  EXPECT_EQ(told.PlotOf("frmHistoAbsPlot").series[0].points.size(), 3U);
+  EXPECT_EQ(told.PlotOf("frmHistoPlot").series[0].points.size(), 5U);
+  std::vector<double> counts;
+  for (const Point& point : told.PlotOf("frmHistoAbsPlot").series[0].points)
+    counts.push_back(Raw(point.y));
+  EXPECT_THAT(counts, ElementsAre(7, 4, 1));
+}
+
+// --- Edges and early ends
+
+TEST(OneSample, RunsOnThreeValues) {
+  const Transcript told = RunAnalysis(kOneSample, {{"1", "2", "4"}});
+  EXPECT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(told.boxes, IsEmpty());
+  EXPECT_EQ(told.Text(8, 2), "2.0000");
+}
+
+TEST(OneSample, GoesOnWithoutANormalityTest) {
+  std::vector<std::string> values(200, "0");  // one value 14 SDs out: 1 - p rounds to 0
+  values.back() = "1000";
+  const Transcript told = RunAnalysis(kOneSample, {values});
+  EXPECT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(told.boxes, ElementsAre("Error in Anderson-Darling test"));
+  EXPECT_EQ(told.Text(16, 1), "  P ");
+  EXPECT_EQ(told.Text(16, 2), "");
+}
+
+TEST(OneSample, EndsEarlyWithItsBoxes) {
+  const Columns values{kGlucose};
+  const std::string error = "Error";
+  const auto percentiles = [](Settings more = {}) {
+    more.emplace_back("percentiles", "on");
+    return more;
+  };
+  ExpectEarlyEnds(
+      kOneSample,
+      {{"two values", {{"1", "2"}}, {}, {" N < 3: No General Statistics! "}},
+       {"column 0",
+        values,
+        {{"column", "0"}},
+        {"Selected column number should be positive integer =< 30!", error}},
+       {"column empty", values, {{"column", ""}}, {error}},
+       {"a word", {{"1", "2", "n.d."}}, {}, {error}},
+       {"all equal", {{"2", "2", "2"}}, {}, {"Error in skewness sub", error}},
+       {"limit empty", values, {{"outlier-limit", ""}}, {error}},
+       {"limit a word", values, {{"outlier-limit", "x"}}, {error}},
+       {"percentiles of three", {{"1", "2", "4"}}, percentiles(), {error}},
+       {"percentiles of four", {{"1", "2", "4", "5"}}, percentiles(), {error}},
+       {"a percentile that is a word", values, percentiles({{"percentile2", "x"}}), {error}},
+       {"absolute class count a word",
+        values,
+        {{"absolute-classes", "user"}, {"absolute-class-count", "x"}},
+        {"Error in histogram display", error},
+        19},
+       {"relative class count a word",
+        values,
+        {{"relative-classes", "user"}, {"relative-class-count", "x"}},
+        {"Error in histogram display with gauss distribution", error},
+        19}});
+  EXPECT_EQ(RunAnalysis(kOneSample, {{"1", "2", "3", "4", "6"}}, percentiles()).outcome,
+            Outcome::kDone);
+  EXPECT_EQ(kOneSample.procedures.front().failure.aftermath, Aftermath::kWindowNotShown);
+}
+
+}  // namespace
+}  // namespace quorval::test

@@ -1,0 +1,217 @@
+// Expected numbers come from tests/independent/general_statistics.py.  The rank tests' tables are
+// tested in rank_tests_test.cpp.
+#include "analyses/general/general_data.h"
+#include "analyses/registry.h"
+
+namespace quorval::test {
+namespace {
+
+using general::kTwoSamples;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+Transcript RunTest(const std::string& test, const Columns& columns) {
+  return RunTitled(kTwoSamples, columns, {{"test", test}});
+}
+
+// The second group two values shorter, for the tests of independent samples.
+Columns Unequal() { return {kGlucose, {kAfter.begin(), kAfter.end() - 2}}; }
+
+TEST(TwoSamples, WriteTheSheetOfTheUnpairedTTest) {
+  const Transcript told = RunTest("t", Unequal());
+  ASSERT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(told.boxes, IsEmpty());
+  EXPECT_THAT(LinesOf(told.sheet),
+              ElementsAre("2:*  General Statistics  t-test (Unpaired)", "3:  Project:|Project 1",
+                          "4:  Analyst: ||  Date: ", "5:  Analyte: ",
+                          "6:  First sample (left side of plot): Col: |2",
+                          "7:  Variable name for first group:|Glucose",
+                          "8:  Number of observations for first group: |12",
+                          "9:  Mean (see plot): |5.6000", "10:  SD: |0.9573", "11:  SEM: |0.2763",
+                          "13:  Second sample (right side of plot): Col: |3",
+                          "14:  Variable name for second group:|After",
+                          "15:  Number of observations for second group: |10",
+                          "16:  Mean (see plot): |6.1700", "17:  SD: |0.8920", "18:  SEM: |0.2821",
+                          "19:  Mean difference: |0.5700", "20:  SE of mean difference: |0.3975",
+                          "21:  Result of t-test: ", "22:  t and P: |1.4338| n.s.",
+                          "23:  95%-conf. limits for mean difference: |-0.2593|1.3993"));
+  constexpr double kT = 2.086;  // 20 degrees of freedom
+  ExpectNumbers(told, {{9, 2, 5.599999984105428},
+                       {10, 2, 0.9572688259587759},
+                       {11, 2, 0.2763397071770682},
+                       {17, 2, 0.8920013503143948},
+                       {19, 2, 0.5699999968210863},
+                       {20, 2, 0.39754556417132797},
+                       {22, 2, 1.4337979044219356},
+                       {23, 2, 0.5699999968210863 - kT * 0.39754556417132797},
+                       {23, 3, 0.5699999968210863 + kT * 0.39754556417132797}});
+}
+
+TEST(TwoSamples, WriteTheSheetOfThePairedTTest) {
+  const Transcript told = RunTest("paired-t", {kGlucose, kAfter});
+  ASSERT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(LinesOf(told.sheet),
+              ElementsAre("2:*  General Statistics: Paired t-test", "3:  Project:|Project 1",
+                          "4:  Analyst: ||  Date: ", "5:  Analyte: ", "6:  First sample: Col: |2",
+                          "7:  Variable name for first group:|Glucose",
+                          "9:  Second sample (right side of plot): Col: |3",
+                          "10:  Variable name for second group:|After",
+                          "11:  Number of paired observations:|12",
+                          "12:  Mean difference (see plot): |0.5000",
+                          "13:  SD of differences: |0.3464", "14:  SEM of differences: |0.1000",
+                          "15:  Result of paired t-test: ", "16:  t and P: |5.0000| P < 0.001 ",
+                          "17:  95%-conf. limits for mean difference: |0.2799|0.7201"));
+  ExpectNumbers(told, {{13, 2, 0.3464102315907308},
+                       {14, 2, 0.10000002022947452},
+                       {16, 2, 4.999998988526479},
+                       {17, 2, 0.5 - 2.201 * 0.10000002022947452}});
+}
+
+TEST(TwoSamples, WriteTheSheetOfTheFTest) {
+  const Transcript told = RunTest("f", Unequal());
+  ASSERT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(
+      LinesOf(told.sheet),
+      ElementsAre("2:*  General Statistics  F-test", "3:  Project:|Project 1",
+                  "4:  Analyst: ||  Date: ", "5:  Analyte: ",
+                  "6:  First sample (left side of plot): Col: |2",
+                  "7:  Variable name for first group (left side of display):|Glucose",
+                  "8:  Number of observations for first group: |12", "9:  Mean (see plot): |5.6000",
+                  "10:  SD: |0.9573", "11: Variance (squared SD): |0.9164|Degrees of freedom:|11",
+                  "13:Second sample(right side of plot): Col: |3",
+                  "14:  Variable name for sec. group (right side of display):|After",
+                  "15:  No. of observations for sec. group: |10", "16:  Mean (see plot): |6.1700",
+                  "17:  SD: |0.8920", "18: Variance (squared SD): |0.7957|Degrees of freedom:|9",
+                  "19:F-ratio:|1.1517|P(two-sided):|0.8457"));
+  ExpectNumbers(
+      told,
+      {{11, 2, 0.9163636051524933}, {18, 2, 0.7956664089627036}, {19, 2, 1.1516932156871378}});
+  ExpectNumbers(told, {{19, 4, 0.8456778787602217}}, 1e-7);  // a fraction of fixed depth
+
+  // The ratio is above 1 whichever sample varies more, and P no more than 1.
+  Columns swapped = Unequal();
+  std::swap(swapped[0], swapped[1]);
+  EXPECT_EQ(RunTest("f", swapped).Value(19, 2), told.Value(19, 2));
+  const Transcript equal = RunTest("f", {{"1", "2", "3"}, {"7", "8", "9"}});
+  ExpectNumbers(equal, {{19, 2, 1}, {19, 4, 1}});
+}
+
+TEST(TwoSamples, WriteTheSheetOfTheMannWhitneyTest) {
+  const Transcript told = RunTest("mann-whitney", Unequal());
+  ASSERT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(LinesOf(told.sheet),
+              ElementsAre("2:*  General Statistics: Mann-Whitney rank test ",
+                          "3:  Project:|Project 1", "4:  Analyst: ||  Date: ", "5:  Analyte: ",
+                          "6:  First sample (left side of plot): Col: |2",
+                          "7:  Variable name for first group:|Glucose",
+                          "8:  Number of observations for first group: |12",
+                          "9:  Median (see plot): |5.3000", "10:  Average of ranks: |9.2500",
+                          "12:  Second sample (right side of plot): Col: |3",
+                          "13:  Variable name for second group:|After",
+                          "14:  Number of observations for second group: |10",
+                          "15:  Median (see plot): |6.0500", "16:  Avearge of ranks: |14.2000",
+                          "17:  Result of Mann-Whitney test: |n.s."));
+  ExpectNumbers(told, {{9, 2, 5.299999952316284}, {15, 2, 6.049999952316284}});
+}
+
+TEST(TwoSamples, WriteTheSheetOfTheWilcoxonTest) {
+  const Transcript told = RunTest("wilcoxon", {kGlucose, kAfter});
+  ASSERT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(LinesOf(told.sheet),
+              ElementsAre("2:*  General Statistics: Wilcoxon paired rank test",
+                          "3:  Project:|Project 1", "4:  Analyst: ||  Date: ", "5:  Analyte: ",
+                          "6:  First sample: Col: |2", "7:  Variable name for first group:|Glucose",
+                          "9:  Second sample (right side of plot): Col: |3",
+                          "10:  Variable name for second group:|After",
+                          "11:  Number of paired observations:|12",
+                          "12:  Median Difference(see plot):|0.5000",
+                          "15:  Result of paired Wilcoxon rank test:", "16:  P: |P < 0.01"));
+}
+
+TEST(TwoSamples, NameNoPForFewerThanSevenPairs) {
+  const Transcript told =
+      RunTest("wilcoxon", {{"1", "2", "3", "4", "5", "6"}, {"2", "4", "6", "8", "10", "12"}});
+  EXPECT_EQ(told.outcome, Outcome::kDone);
+  EXPECT_THAT(told.boxes,
+              ElementsAre("Less than 7 paired observations: No probability estimation"));
+  EXPECT_THAT(LinesOf(told.sheet, 11),
+              ElementsAre("11:  Number of paired observations:|6",
+                          "12:  Median Difference(see plot):|3.5000",
+                          "15:  Result of paired Wilcoxon rank test:", "16:  P: "));
+}
+
+TEST(TwoSamples, StandForAnEmptyTitleByBlanksInTheUnpairedTTestAlone) {
+  const Columns columns{kGlucose, kAfter};
+  const auto name_of = [&](const char* test, int row) {
+    return RunAnalysis(kTwoSamples, columns, {{"test", test}}).Text(row, 2);
+  };
+  EXPECT_EQ(name_of("t", 7), "  ");
+  EXPECT_EQ(name_of("t", 14), "  ");
+  for (const char* test : {"paired-t", "f", "mann-whitney", "wilcoxon"})
+    EXPECT_EQ(name_of(test, 7), "") << test;
+}
+
+TEST(TwoSamples, DrawGroupsOrDifferencesInRowOrder) {
+  const Columns columns{{"3", "1", "8", "2", "6"}, {"5", "4", "7", "9", "0"}};  // means 4 and 5
+  struct Case {
+    const char *test, *bar1, *bar2;
+  };
+  for (const auto& [test, bar1, bar2] :
+       {Case{"t", "0.8,4 1.2,4", "1.8,5 2.2,5"}, Case{"f", "0.8,4 1.2,4", "1.8,5 2.2,5"},
+        Case{"mann-whitney", "0.8,3 1.2,3", "1.8,5 2.2,5"}}) {
+    const Plot& plot = RunTest(test, columns).PlotOf("frmDotplot");
+    ASSERT_EQ(plot.series.size(), 4U) << test;
+    EXPECT_EQ(PointsText(plot.series[0]), "1,3 1,1 1,8 1,2 1,6");
+    EXPECT_EQ(PointsText(plot.series[1]), "2,5 2,4 2,7 2,9 2,0");
+    EXPECT_EQ(PointsText(plot.series[2]), bar1) << test;
+    EXPECT_EQ(PointsText(plot.series[3]), bar2) << test;
+    EXPECT_EQ(plot.series[3].draw, Draw::kLine);
+  }
+  for (const auto& [test, bar, none] :
+       {Case{"paired-t", "0.8,1 1.2,1", ""}, Case{"wilcoxon", "0.8,2 1.2,2", ""}}) {
+    const Plot& plot = RunTest(test, columns).PlotOf("frmDotplot");
+    ASSERT_EQ(plot.series.size(), 2U) << test;
+    EXPECT_EQ(PointsText(plot.series[0]), "1,2 1,3 1,-1 1,7 1,-6");
+    EXPECT_EQ(PointsText(plot.series[1]), bar) << test;
+  }
+}
+
+TEST(TwoSamples, EndEarlyWithTheirBoxes) {
+  const Columns both{kGlucose, kAfter};
+  const std::string few = " N < 3: No group comparison! ";
+  const std::string unequal = "Unequal size of groups 1 and 2: No paired analysis";
+  const std::string error = "Error";
+  const std::vector<std::string> four{"1", "2", "3", "4"}, five{"1", "2", "3", "4", "5"},
+      flat{"2", "2", "2", "2"};
+  const auto test = [](const char* word) { return Settings{{"test", word}}; };
+  std::vector<std::string> many;
+  for (int i = 0; i < 200; ++i) many.push_back(std::to_string(i));
+  const std::string column = "Selected column number should be positive integer =< 30!";
+  ExpectEarlyEnds(
+      kTwoSamples,
+      {{"two values in the first", {{"1", "2"}, four}, {}, {few}},
+       {"two values in the second", {four, {"1", "2"}}, {}, {few}},
+       {"column 0", both, {{"first-column", "0"}}, {column, error}},
+       {"column 501", both, {{"second-column", "501"}}, {column, error}},
+       {"column a word", both, {{"first-column", "x"}}, {error}},
+       {"column empty", both, {{"second-column", ""}}, {error}},
+       {"a word", {four, {"1", "2", "n.d."}}, {}, {error}},
+       {"beyond 32 bits", {four, {"1", "2", "1e39"}}, {}, {error}},
+       {"flat, t", {flat, flat}, {}, {"Error in t-test routine", error}},
+       {"flat, paired t",
+        {flat, flat},
+        test("paired-t"),
+        {"Error in paired t-test routine", error}},
+       {"flat, F", {four, flat}, test("f"), {"Variance value of zero: no analysis", error}},
+       {"F of many", {many, many}, test("f"), {"Error in F-test routine", error}},
+       {"unequal, paired t", {four, five}, test("paired-t"), {unequal, error}},
+       {"unequal, Wilcoxon", {four, five}, test("wilcoxon"), {unequal, error}},
+       {"a group of 4",
+        {four, five},
+        test("mann-whitney"),
+        {"Mann-Whitney test is not performed if sample size is below 5 in a group", error}}});
+  EXPECT_EQ(kTwoSamples.procedures.front().failure.aftermath, Aftermath::kWindowNotShown);
+}
+
+}  // namespace
+}  // namespace quorval::test
