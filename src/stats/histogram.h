@@ -32,8 +32,18 @@ std::optional<int> SpecifiedClasses(const Form& form, const Field& choice, const
 HistogramClasses ChooseClasses(const Form& form, const Field& choice, const Field& count,
                                const Description& values, Real N);
 
-// The words of such a choice.
+// The fields of such a choice, in a group of their own.
 inline constexpr Choice kClassChoices[] = {{"default", "Default"}, {"user", "User specified:"}};
+constexpr Field ClassChoiceField(std::string_view key, std::string_view group) {
+  return {.key = key,
+          .kind = FieldKind::kChoice,
+          .group = group,
+          .initial = "default",
+          .choices = kClassChoices};
+}
+constexpr Field ClassCountField(std::string_view key, const Field& choice) {
+  return {.key = key, .group = choice.group, .beside = {choice.key, "user"}};
+}
 
 // The number of values in each class: from its lower bound to below the next; the last has no upper
 // bound.

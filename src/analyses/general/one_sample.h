@@ -13,27 +13,14 @@ namespace quorval::general {
 
 // --- Options that more than the dialog reads
 
-inline constexpr std::string_view kRelativeClassGroup =
-    "No. of class divisions in rel. freq. histogram: ";
-inline constexpr Field kRelativeClasses{.key = "relative-classes",
-                                        .kind = FieldKind::kChoice,
-                                        .group = kRelativeClassGroup,
-                                        .initial = "default",
-                                        .choices = kClassChoices};
-inline constexpr Field kRelativeClassCount{.key = "relative-class-count",
-                                           .group = kRelativeClassGroup,
-                                           .beside = {"relative-classes", "user"}};
-
-inline constexpr std::string_view kAbsoluteClassGroup =
-    "No. of class divisions in abs. no. histogram:";
-inline constexpr Field kAbsoluteClasses{.key = "absolute-classes",
-                                        .kind = FieldKind::kChoice,
-                                        .group = kAbsoluteClassGroup,
-                                        .initial = "default",
-                                        .choices = kClassChoices};
-inline constexpr Field kAbsoluteClassCount{.key = "absolute-class-count",
-                                           .group = kAbsoluteClassGroup,
-                                           .beside = {"absolute-classes", "user"}};
+inline constexpr Field kRelativeClasses =
+    ClassChoiceField("relative-classes", "No. of class divisions in rel. freq. histogram: ");
+inline constexpr Field kRelativeClassCount =
+    ClassCountField("relative-class-count", kRelativeClasses);
+inline constexpr Field kAbsoluteClasses =
+    ClassChoiceField("absolute-classes", "No. of class divisions in abs. no. histogram:");
+inline constexpr Field kAbsoluteClassCount =
+    ClassCountField("absolute-class-count", kAbsoluteClasses);
 
 // --- Figures
 

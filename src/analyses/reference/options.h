@@ -54,14 +54,8 @@ inline constexpr Field kProcedure{.key = "procedure",
 inline constexpr Field kOutlierLimit{
     .key = "outlier-limit", .group = "Outlier detection limit (SD)", .initial = "4"};
 
-inline constexpr std::string_view kClassGroup = "No. of class divisions in plots:";
-inline constexpr Field kClasses{.key = "classes",
-                                .kind = FieldKind::kChoice,
-                                .group = kClassGroup,
-                                .initial = "default",
-                                .choices = kClassChoices};
-inline constexpr Field kClassCount{
-    .key = "class-count", .group = kClassGroup, .beside = {"classes", "user"}};
+inline constexpr Field kClasses = ClassChoiceField("classes", "No. of class divisions in plots:");
+inline constexpr Field kClassCount = ClassCountField("class-count", kClasses);
 inline constexpr Field kShowGaussian{.key = "show-gaussian",
                                      .kind = FieldKind::kCheck,
                                      .caption = "Show gaussian distribution where relevant",

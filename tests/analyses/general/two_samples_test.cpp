@@ -159,7 +159,7 @@ TEST(TwoSamples, DrawGroupsOrDifferencesInRowOrder) {
   for (const auto& [test, bar1, bar2] :
        {Case{"t", "0.8,4 1.2,4", "1.8,5 2.2,5"}, Case{"f", "0.8,4 1.2,4", "1.8,5 2.2,5"},
         Case{"mann-whitney", "0.8,3 1.2,3", "1.8,5 2.2,5"}}) {
-    const Plot& plot = RunTest(test, columns).PlotOf("frmDotplot");
+    const Plot plot = RunTest(test, columns).PlotOf("frmDotplot");
     ASSERT_EQ(plot.series.size(), 4U) << test;
     EXPECT_EQ(PointsText(plot.series[0]), "1,3 1,1 1,8 1,2 1,6");
     EXPECT_EQ(PointsText(plot.series[1]), "2,5 2,4 2,7 2,9 2,0");
@@ -169,7 +169,7 @@ TEST(TwoSamples, DrawGroupsOrDifferencesInRowOrder) {
   }
   for (const auto& [test, bar, none] :
        {Case{"paired-t", "0.8,1 1.2,1", ""}, Case{"wilcoxon", "0.8,2 1.2,2", ""}}) {
-    const Plot& plot = RunTest(test, columns).PlotOf("frmDotplot");
+    const Plot plot = RunTest(test, columns).PlotOf("frmDotplot");
     ASSERT_EQ(plot.series.size(), 2U) << test;
     EXPECT_EQ(PointsText(plot.series[0]), "1,2 1,3 1,-1 1,7 1,-6");
     EXPECT_EQ(PointsText(plot.series[1]), bar) << test;

@@ -1,5 +1,5 @@
-// The nonparametric estimators of a reference interval; the bootstrap beside its plain form, which
-// sorts every resample.  Arguments: sample size, replications.
+// The nonparametric estimators of a reference interval, the bootstrap beside its plain form, which
+// sorts every resample; and the SE of one percentile.  Arguments: sample size, replications.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -48,6 +48,12 @@ void PlainBootstrap(benchmark::State& state) {
   }
 }
 
+void PercentileSE(benchmark::State& state) {
+  const Sample sorted = SortedSample(state.range(0));
+  const Sample position{0.9 * Real(sorted.size()) + 0.5};
+  for (auto _ : state) benchmark::DoNotOptimize(BootstrapPositions(sorted, position, 200));
+}
+
 BENCHMARK(Simple)->Arg(158)->Arg(1000)->Arg(9999);
 BENCHMARK(Bootstrap)
     ->ArgsProduct({{158, 1000, 9999}, {200, 2000, 32767}})
@@ -55,6 +61,7 @@ BENCHMARK(Bootstrap)
 BENCHMARK(PlainBootstrap)
     ->ArgsProduct({{158, 1000, 9999}, {200, 2000}})
     ->Unit(benchmark::kMillisecond);
+BENCHMARK(PercentileSE)->Arg(158)->Arg(1000)->Arg(9999)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace quorval::reference
