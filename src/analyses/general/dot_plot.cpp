@@ -15,6 +15,9 @@ Points DotsAt(Real place, std::span<const Real> values) {
   return points;
 }
 
-Points BarAt(Real place, Real level) { return {{place - 0.2, level}, {place + 0.2, level}}; }
+void AddBar(Plot& plot, Real place, Real level) {
+  constexpr Colour kBlack = 0;  // all bars alike
+  plot.AddLine({{place - 0.2, level}, {place + 0.2, level}}).colour = kBlack;
+}
 
 }  // namespace quorval::general

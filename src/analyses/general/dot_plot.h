@@ -16,7 +16,7 @@ Plot& AddDotPlot(Run& run, std::string_view caption, int samples);
 // The values at a place, in their order.
 Points DotsAt(Real place, std::span<const Real> values);
 
-// From 0.2 left of a place to 0.2 right of it.
-Points BarAt(Real place, Real level);
+// A bar from 0.2 left of a place to 0.2 right of it.
+void AddBar(Plot& plot, Real place, Real level);
 
 }  // namespace quorval::general

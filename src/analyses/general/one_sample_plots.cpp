@@ -12,7 +12,7 @@ void DrawDots(Run& run, const OneSample& sample) {
   Plot& plot = AddDotPlot(run, "Dot plot with median (bar)", 1);
   plot.y.title = sample.name;
   plot.AddPoints(DotsAt(1, sample.x));
-  plot.AddLine(BarAt(1, sample.median));
+  AddBar(plot, 1, sample.median);
 }
 
 void DrawAbsoluteHistogram(Run& run, const OneSample& sample) {

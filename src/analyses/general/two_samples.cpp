@@ -91,6 +91,14 @@ constexpr Procedure frmGenTwoResults[] = {{
     .run = RunTwoSamples,
 }};
 
+std::string AxisTitle(const TwoGroups& groups) {
+  const auto named = [](const Group& group, const char* otherwise) {
+    return group.name.empty() ? otherwise : group.name;
+  };
+  return "1: " + named(groups.first, "first sample") +
+         "     2: " + named(groups.second, "second sample");
+}
+
 // Draws what `fill` adds.
 template <class Fill>
 void Draw(Run& run, int places, Fill&& fill) {
@@ -121,10 +129,11 @@ void WritePairedHead(Run& run, std::string_view title, const TwoGroups& groups) 
 
 void DrawGroups(Run& run, const TwoGroups& groups, Real first_centre, Real second_centre) {
   Draw(run, 2, [&](Plot& plot) {
+    plot.x.title = AxisTitle(groups);
     plot.AddPoints(DotsAt(1, groups.first.values));
     plot.AddPoints(DotsAt(2, groups.second.values));
-    plot.AddLine(BarAt(1, first_centre));
-    plot.AddLine(BarAt(2, second_centre));
+    AddBar(plot, 1, first_centre);
+    AddBar(plot, 2, second_centre);
   });
 }
 
@@ -132,7 +141,7 @@ void DrawDifferences(Run& run, std::span<const Real> differences, Real centre) {
   Draw(run, 1, [&](Plot& plot) {
     plot.y.title = "Difference";
     plot.AddPoints(DotsAt(1, differences));
-    plot.AddLine(BarAt(1, centre));
+    AddBar(plot, 1, centre);
   });
 }
 
