@@ -37,10 +37,10 @@ struct Series {
   bool operator==(const Series&) const = default;
 };
 
-// The ends of an axis where an analysis fixes them.
 struct Axis {
   std::string title{};
-  std::optional<Real> min{}, max{};
+  std::optional<Real> min{}, max{};  // the ends where an analysis fixes them
+  bool whole = false;                // only whole numbers are labelled, such as those of samples
 
   bool operator==(const Axis&) const = default;
 };

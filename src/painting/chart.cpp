@@ -198,9 +198,13 @@ QCPRange RangeOf(const Axis& axis, Extent extent, bool stands_on_zero) {
 // Labels that tell neighbouring ticks apart, all with the same decimals.
 class Ticker : public QCPAxisTicker {
  public:
-  Ticker() { setTickCount(6); }
+  explicit Ticker(bool whole) : whole_(whole) { setTickCount(6); }
 
  protected:
+  double getTickStep(const QCPRange& range) override {
+    const double step = QCPAxisTicker::getTickStep(range);
+    return whole_ ? std::ceil(step) : step;
+  }
   QVector<QString> createLabelVector(const QVector<double>& ticks, const QLocale& locale,
                                      QChar format, int precision) override {
     QLocale plain = locale;
@@ -222,6 +226,8 @@ class Ticker : public QCPAxisTicker {
     const double mantissa = (ticks[1] - ticks[0]) / std::pow(10, step_digit);
     return std::abs(mantissa - std::round(mantissa)) > 0.1 ? 1 : 0;
   }
+
+  bool whole_;
 };
 
 void StyleAxis(QCPAxis& axis, const Axis& wanted, const QCPRange& range, bool labelled) {
@@ -239,7 +245,7 @@ void StyleAxis(QCPAxis& axis, const Axis& wanted, const QCPRange& range, bool la
   axis.setLabelColor(kInk);
   axis.setLabelPadding(6);
   axis.setLabel(ToQt(wanted.title));
-  axis.setTicker(QSharedPointer<Ticker>::create());
+  axis.setTicker(QSharedPointer<Ticker>::create(wanted.whole));
   axis.grid()->setPen(QPen(QColor(kGridInk), 1));
   axis.grid()->setZeroLinePen(QPen(QColor(kZeroInk), 1));
   axis.grid()->setVisible(labelled);

@@ -154,5 +154,13 @@ TEST(Chart, TickLabelsTellNeighboursApartInTheLocalesWay) {
   EXPECT_THAT(LabelsOf(chart, *chart.yAxis), ElementsAre("0,5", "1,0", "1,5", "2,0", "2,5", "3,0"));
 }
 
+TEST(Chart, AnAxisOfWholeNumbersHasNoTicksBetweenThem) {
+  Plot plot{.window = "ticks", .x = {.min = 0, .max = 2, .whole = true}};
+  plot.AddPoints({{1, 5}});
+  QCustomPlot chart;
+  DrawPlot(plot, chart);
+  EXPECT_THAT(LabelsOf(chart, *chart.xAxis), ElementsAre("0", "1", "2"));
+}
+
 }  // namespace
 }  // namespace quorval

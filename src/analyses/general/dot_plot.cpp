@@ -6,6 +6,7 @@ Plot& AddDotPlot(Run& run, std::string_view caption, int samples) {
   Plot& plot = run.AddPlot(kDotPlotWindow, caption);
   plot.x.min = 0;
   plot.x.max = samples + 1;
+  plot.x.whole = true;
   return plot;
 }
 
