@@ -56,6 +56,7 @@ int RunCommandLine(int argc, const char* const* argv) {
   AddDataCommand(program, chosen);
   AddConvertCommand(program, chosen);
   AddDemoCommand(program, chosen);
+  AddVerifyCommand(program, chosen);
   try {
     program.parse(argc, argv);
     if (!chosen) throw CLI::RequiredError("A command");

@@ -9,7 +9,7 @@ namespace quorval {
 
 enum class ExitStatus {
   kDone = 0,
-  kRefused = 1,   // the analysis was refused or failed
+  kRefused = 1,   // the analysis was refused or failed, a verification too
   kUnusable = 2,  // the command line or a file could not be used
 };
 
@@ -28,5 +28,6 @@ void AddDemoCommand(CLI::App& program, Task& chosen);
 void AddRunCommand(CLI::App& program, Task& chosen);
 void AddDataCommand(CLI::App& program, Task& chosen);
 void AddConvertCommand(CLI::App& program, Task& chosen);
+void AddVerifyCommand(CLI::App& program, Task& chosen);
 
 }  // namespace quorval

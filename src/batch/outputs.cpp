@@ -1,7 +1,6 @@
 #include "batch/outputs.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <string_view>
@@ -15,10 +14,6 @@
 
 namespace quorval {
 namespace {
-
-[[noreturn]] void FailToWrite(const std::filesystem::path& path) {
-  throw Unusable(path.string() + ": the file cannot be written");
-}
 
 CLI::Validator Named() {
   return {[](std::string& name) { return name.empty() ? "a name is needed" : ""; }, ""};
@@ -71,37 +66,39 @@ void WriteText(const std::string& text, const std::string& file) {
   if (!(stream << text).flush()) FailToWrite(file);
 }
 
+void FailToWrite(const std::filesystem::path& path) {
+  throw Unusable(path.string() + ": the file cannot be written");
+}
+
+CLI::Option* AddFileOption(CLI::App& command, const std::string& option, std::string& file,
+                           const std::string& help, const std::string& type) {
+  return command.add_option(option, file, help)->type_name(type)->check(Named());
+}
+
 void AddOutputs(CLI::App& command, Outputs& outputs) {
-  command
-      .add_option("--json", outputs.json,
-                  "Write all that the run showed as JSON; - is standard output")
-      ->type_name("FILE")
-      ->check(Named());
-  command.add_option("--save", outputs.save, "Save the results sheet as a results file")
-      ->type_name("FILE.qvl")
-      ->check(Named());
-  command
-      .add_option("--export", outputs.export_results,
-                  "Write the results sheet as .xls, .xlsx or .csv, by the extension")
-      ->type_name("FILE")
-      ->check(Named());
-  CLI::Option* const plots =
-      command.add_option("--plots", outputs.plots, "Write a picture of each plot window into DIR")
-          ->type_name("DIR")
-          ->check(Named());
+  AddFileOption(command, "--json", outputs.json,
+                "Write all that the run showed as JSON; - is standard output");
+  AddFileOption(command, "--save", outputs.save, "Save the results sheet as a results file",
+                "FILE.qvl");
+  AddFileOption(command, "--export", outputs.export_results,
+                "Write the results sheet as .xls, .xlsx or .csv, by the extension");
+  CLI::Option* const plots = AddFileOption(command, "--plots", outputs.plots,
+                                           "Write a picture of each plot window into DIR", "DIR");
   command
       .add_option("--plot-format", outputs.plot_format,
                   "The pictures' format, png where none is given")
       ->check(CLI::IsMember({"png", "svg", "pdf"}))
       ->type_name("FORMAT")
       ->needs(plots);
-  command.add_option("--report", outputs.report, "Write the printed results and plots as a PDF")
-      ->type_name("FILE.pdf")
-      ->check(Named());
+  AddFileOption(command, "--report", outputs.report, "Write the printed results and plots as a PDF",
+                "FILE.pdf");
 }
 
 std::unique_ptr<Pictures> PicturesFor(const Outputs& outputs) {
-  if (outputs.plots.empty() && outputs.report.empty()) return nullptr;
+  return outputs.plots.empty() && outputs.report.empty() ? nullptr : MakePictures();
+}
+
+std::unique_ptr<Pictures> MakePictures() {
   if (!Pictures::Built())
     throw Unusable("this program was built without pictures: --plots and --report are not there");
   return std::make_unique<Pictures>();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -22,10 +23,17 @@ struct Outputs {
 // --json, --save, --export, --plots, --plot-format and --report.
 void AddOutputs(CLI::App& command, Outputs& outputs);
 
+// An option that takes the name of a file or a folder, which is not empty.
+CLI::Option* AddFileOption(CLI::App& command, const std::string& option, std::string& file,
+                           const std::string& help, const std::string& type = "FILE");
+
 // "-" is standard output.  Throws Unusable where the file cannot be written.
 void WriteText(const std::string& text, const std::string& file);
+[[noreturn]] void FailToWrite(const std::filesystem::path& path);
 
-// What draws them; none where nothing is to be drawn.  Throws Unusable in a program built without.
+// What draws and prints.  Throws Unusable in a program built without.
+std::unique_ptr<Pictures> MakePictures();
+// None where nothing is to be drawn.
 std::unique_ptr<Pictures> PicturesFor(const Outputs& outputs);
 
 // Writes the files and prints the sheet.  A plot window that is not shown, or holds nothing, gives

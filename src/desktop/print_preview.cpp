@@ -49,6 +49,7 @@ void AskSavePdf(std::span<const PrintJob> jobs, const QPrinter& printer, QWidget
 
 bool ShowPrintPreview(QWidget* parent, std::span<const PrintJob> jobs) {
   QPrinter printer(QPrinter::HighResolution);
+  printer.setPageOrientation(PaperOf(jobs).orientation());
   if (!jobs.empty()) printer.setDocName(ToQt(jobs.front().name));
   QPrintPreviewDialog dialog(&printer, parent);
   bool painted = true;

@@ -284,6 +284,11 @@ Extent WantedPages(const QPagedPaintDevice& device) {
 
 }  // namespace
 
+QPageLayout PaperOf(std::span<const PrintJob> jobs) {
+  const bool lies = !jobs.empty() && jobs.front().landscape;
+  return {QPageSize(QPageSize::A4), lies ? QPageLayout::Landscape : QPageLayout::Portrait, {}};
+}
+
 bool PaintJobs(std::span<const PrintJob> jobs, const QLocale& locale, QPagedPaintDevice& device,
                const GoOn& go_on) {
   QPageLayout layout = device.pageLayout();
@@ -307,13 +312,13 @@ bool PaintJobs(std::span<const PrintJob> jobs, const QLocale& locale, QPagedPain
 }
 
 bool PrintToPdf(std::span<const PrintJob> jobs, const QLocale& locale,
-                const std::filesystem::path& path, const QPageLayout& paper) {
+                const std::filesystem::path& path, const std::optional<QPageLayout>& paper) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
   QPdfWriter pdf(&buffer);
   pdf.setResolution(kPdfDpi);
-  pdf.setPageLayout(paper);
+  pdf.setPageLayout(paper ? *paper : PaperOf(jobs));
   if (!jobs.empty()) pdf.setTitle(ToQt(jobs.front().name));
   return PaintJobs(jobs, locale, pdf) && WriteBytes(bytes, path);
 }

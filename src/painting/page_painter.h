@@ -5,6 +5,7 @@
 #include <QPageLayout>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <span>
 
 #include "platform/platform.h"
@@ -13,8 +14,8 @@ class QPagedPaintDevice;
 
 namespace quorval {
 
-// A4, upright.
-inline QPageLayout A4() { return {QPageSize(QPageSize::A4), QPageLayout::Portrait, {}}; }
+// A4, upright or lying as the first of the jobs asks for.
+QPageLayout PaperOf(std::span<const PrintJob> jobs);
 
 // Asked before each page of a job; false stops the printing.
 using GoOn = std::function<bool(const PrintJob& job, int page, int pages)>;
@@ -25,8 +26,8 @@ using GoOn = std::function<bool(const PrintJob& job, int page, int pages)>;
 bool PaintJobs(std::span<const PrintJob> jobs, const QLocale& locale, QPagedPaintDevice& device,
                const GoOn& go_on = {});
 
-// The same into a PDF file; false when it cannot be written.
+// The same into a PDF file, on PaperOf() where no other is named; false when it cannot be written.
 bool PrintToPdf(std::span<const PrintJob> jobs, const QLocale& locale,
-                const std::filesystem::path& path, const QPageLayout& paper = A4());
+                const std::filesystem::path& path, const std::optional<QPageLayout>& paper = {});
 
 }  // namespace quorval

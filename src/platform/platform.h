@@ -56,6 +56,7 @@ struct PrintJob {
   std::vector<double> column_widths{};  // characters, likewise; else as wide as the texts
   std::vector<PlacedText> texts{};      // beside the sheet
   bool colour = true;
+  bool landscape = false;                 // of a first job: the paper lies on its longer side
   Margins margins{1440, 1440, 720, 720};  // twips
   std::string name = "Quorval";
   std::string abort_message = "Printing - Click Cancel to quit";

@@ -178,7 +178,7 @@ TEST(Workbooks, OfOtherProgramsAreRead) {
   for (const char* name :
        {"written_by_xlwt.xls", "written_by_openpyxl.xlsx", "written_by_libreoffice.xls",
         "written_by_libreoffice.xlsx", "written_by_libreoffice.ods"}) {
-    const std::filesystem::path path = std::filesystem::path(test::DataFolder()) / name;
+    const std::filesystem::path path = test::DataFile(name);
     ASSERT_TRUE(IsWorkbook(path)) << name;
     EXPECT_THAT(SheetNames(path), ElementsAre("Data", "Second"));
     const Worksheet sheet = ReadFirstSheet(path);

@@ -64,7 +64,7 @@ for name, outside in [("A 2", np.abs(d) > 2), ("B 5 %", np.abs(d / m) > 0.05),
                       ("C 3 to 150, 10 %", np.where(m <= 150, np.abs(d) > 3, np.abs(d / m) > 0.1))]:
     print(name, "outside:", outside.sum(), f"{100 * outside.mean():.6f}")
 
-data = pathlib.Path(__file__).parent.parent / "data" / "pefr_bland_altman_1986.csv"
+data = pathlib.Path(__file__).parent.parent.parent / "verification" / "pefr_bland_altman_1986.csv"
 rows = list(csv.DictReader(data.open()))
 column = {key: np.array([float(row[key]) for row in rows]) for key in rows[0] if key != "id"}
 report("peak flow, large meter minus mini meter, first measurements", column["Mini1"],

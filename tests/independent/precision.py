@@ -44,6 +44,6 @@ components([level1, level2, level3])
 print("unequal sizes")
 components([[3, 5], [4, 9, 8], [1, 2, 3, 4, 5]])
 for name in ("SiRstv", "SmLs04"):
-    rows = [line.strip().split(",") for line in open(f"../data/nist_anova_{name}.csv")][1:]
+    rows = [line.strip().split(",") for line in open(f"../../verification/nist_anova_{name}.csv")][1:]
     print(name)
     components([list(column) for column in zip(*rows)])

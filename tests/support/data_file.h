@@ -1,4 +1,4 @@
-// Columns of a published data set in tests/data.
+// Columns of a data set of the tests.
 #pragma once
 
 #include <fstream>
@@ -13,7 +13,7 @@ namespace quorval::test {
 
 // The columns below the header row; an empty cell ends a shorter column.
 inline std::vector<std::vector<std::string>> ReadDataFile(const std::string& name) {
-  std::ifstream file(DataFolder() + "/" + name);
+  std::ifstream file(DataFile(name));
   std::string line;
   if (!std::getline(file, line)) throw std::runtime_error("no data file " + name);
   std::vector<std::vector<std::string>> columns;

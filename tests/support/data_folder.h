@@ -4,7 +4,10 @@
 
 namespace quorval::test {
 
-// The folder tests/data.
-std::string DataFolder();
+// A file of tests/data, else one of the published sets in verification/.
+std::string DataFile(const std::string& name);
+
+// The folder verification/.
+std::string PublishedFolder();
 
 }  // namespace quorval::test

@@ -20,7 +20,7 @@ using Values = std::vector<std::string>;
 inline std::map<std::string, Values> ReadSamples() {
   std::map<std::string, Values> samples{{"carbamide", test::ReadDataFile("carbamide.csv")[0]}};
   const auto columns = test::ReadDataFile("reference_samples.csv");
-  std::ifstream file(test::DataFolder() + "/reference_samples.csv");
+  std::ifstream file(test::DataFile("reference_samples.csv"));
   std::string header, name;
   std::getline(file, header);
   std::istringstream names(header);
