@@ -7,12 +7,14 @@
 #include <QIcon>
 #include <QLabel>
 #include <QLocale>
+#include <QPushButton>
 #include <QScreen>
 #include <QSysInfo>
 #include <QThread>
 #include <QVBoxLayout>
 
 #include "app/main_menu.h"
+#include "desktop/verification_view.h"
 #include "painting/qt_text.h"
 
 namespace quorval {
@@ -62,6 +64,12 @@ void ShowAboutBox(QWidget* parent) {
   layout->addWidget(new QLabel(ToQt(kProductLine)));
   layout->addLayout(SystemInformation());
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
+  auto* const verification =
+      buttons->addButton("&Verification report", QDialogButtonBox::ActionRole);
+  QObject::connect(verification, &QPushButton::clicked, box, [box, parent] {
+    box->accept();
+    ShowVerification(parent);
+  });
   layout->addWidget(buttons);
   QObject::connect(buttons, &QDialogButtonBox::accepted, box, &QDialog::accept);
   layout->setSizeConstraint(QLayout::SetFixedSize);

@@ -4,7 +4,8 @@ class QWidget;
 
 namespace quorval {
 
-// The program's version and what is known of the system it runs on.
+// The program's version, what is known of the system it runs on, and the way to the verification
+// report.
 void ShowAboutBox(QWidget* parent);
 
 }  // namespace quorval

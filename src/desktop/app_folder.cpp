@@ -9,8 +9,6 @@
 
 namespace quorval {
 
-std::filesystem::path ProgramFolder() { return FromQt(QCoreApplication::applicationDirPath()); }
-
 std::filesystem::path AppFolder() {
   const QString program = QCoreApplication::applicationDirPath();
   if (QFileInfo(program).isWritable()) return FromQt(program);

@@ -1,5 +1,6 @@
 #include <QApplication>
 
+#include "app/shared_folder.h"
 #include "desktop/app_folder.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_platform.h"
@@ -9,9 +10,10 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setOrganizationName("Quorval");
   QApplication::setApplicationName("Quorval");
+  QApplication::setDesktopFileName("quorval");
   QApplication::setApplicationVersion(QUORVAL_VERSION);
 
-  quorval::QtPlatform platform(quorval::ProgramFolder());
+  quorval::QtPlatform platform(quorval::SharedFolder());
   quorval::Workbench workbench(platform, quorval::AppFolder());
   quorval::MainWindow window(workbench, platform);
   window.Start();

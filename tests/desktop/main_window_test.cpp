@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTableView>
 #include <QToolBar>
 
 #include "analyses/registry.h"
@@ -144,6 +145,22 @@ TEST_F(MainWindowTest, ClosesAllOtherWindows) {
   EXPECT_EQ(Shown("about"), nullptr);
   EXPECT_FALSE(window.isVisible());
   EXPECT_TRUE(workbench.open().empty());
+}
+
+TEST_F(MainWindowTest, OpensTheVerificationReportFromTheAboutBox) {
+  Choose(window, "&About ");
+  for (QPushButton* button : Shown("about")->findChildren<QPushButton*>())
+    if (button->text() == "&Verification report") button->click();
+  Settle();
+  EXPECT_EQ(Shown("about"), nullptr);
+  QWidget* const report = Shown("verification");
+  ASSERT_NE(report, nullptr);
+  const QAbstractItemModel& sheet = *report->findChild<QTableView*>()->model();
+  EXPECT_TRUE(sheet.index(1, 0).data().toString().startsWith("All "));
+  EXPECT_EQ(sheet.index(6, 3).data().toString(), "slope");
+  EXPECT_EQ(sheet.index(6, 9).data().toString(), "pass");
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(report));
+  report->close();
 }
 
 TEST_F(MainWindowTest, TellsWhereThereIsNoHelp) {
