@@ -6,32 +6,14 @@
 
 #include "analyses/registry.h"
 #include "app/digits_of_agreement.h"
+#include "app/field_setting.h"
 #include "app/shared_folder.h"
+#include "app/unattended.h"
 #include "app/workbench.h"
 #include "formats/worksheet_file.h"
 
 namespace quorval {
 namespace {
-
-// A machine with nobody before it: boxes are kept, questions answered Yes.
-class Unattended : public Platform {
- public:
-  std::string messages;
-
-  Answer Show(const MessageBox& box) override {
-    if (!messages.empty()) messages += " ";
-    messages += box.text;
-    return box.buttons == Buttons::kYesNo ? Answer::kYes : Answer::kOk;
-  }
-  void ShowWaitPointer(bool) override {}
-  std::optional<std::filesystem::path> AskOpen(const FileQuestion&) override { return {}; }
-  std::optional<std::filesystem::path> AskSave(const FileQuestion&) override { return {}; }
-  bool Print(std::span<const PrintJob>) override { return false; }
-  bool WritePicture(const Plot&, const std::filesystem::path&) override { return false; }
-  std::optional<int> Setting(std::string_view) override { return {}; }
-  void SetSetting(std::string_view, int) override {}
-  bool OpenHelp(std::string_view, bool) override { return false; }
-};
 
 Worksheet ReadSheet(const std::filesystem::path& file) {
   Worksheet sheet;
@@ -73,13 +55,7 @@ class Table {
 // "mode=single column=1".
 void SetFields(const std::string& settings, Form& form) {
   std::istringstream words(settings);
-  for (std::string word; words >> word;) {
-    const auto sign = std::min(word.find('='), word.size());
-    const Field* const field = form.Find(word.substr(0, sign));
-    if (field == nullptr || sign == word.size() || !HasWord(*field, word.substr(sign + 1)))
-      throw std::runtime_error("the dialog cannot be set to \"" + word + "\"");
-    form.Set(field->key, word.substr(sign + 1));
-  }
+  for (std::string word; words >> word;) SetField(word, form);
 }
 
 std::string_view Trimmed(std::string_view text) {
@@ -122,7 +98,8 @@ class VerificationRun {
     result.published = results.At(row, "published");
     result.tolerance = results.At(row, "tolerance");
     result.needed = std::stod(results.At(row, "digits"));
-    result.messages = platform_.messages;
+    for (const MessageBox& box : platform_.boxes())
+      result.messages += (result.messages.empty() ? "" : " ") + box.text;
     if (outcome_ == Outcome::kDone)
       result.computed = NumberOf(open_->results->sheet.grid(), results.At(row, "row"),
                                  std::stoi(results.At(row, "number")));

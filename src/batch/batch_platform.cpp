@@ -14,9 +14,8 @@ std::string OnOneLine(std::string text) {
 }  // namespace
 
 Answer BatchPlatform::Show(const MessageBox& box) {
-  boxes_.push_back(box);
   std::cerr << "message: " << OnOneLine(box.text) << '\n';
-  return box.buttons == Buttons::kYesNo ? Answer::kYes : Answer::kOk;
+  return Unattended::Show(box);
 }
 
 bool BatchPlatform::Print(std::span<const PrintJob> jobs) {

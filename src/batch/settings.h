@@ -12,7 +12,7 @@ namespace quorval {
 // --set KEY=VALUE, as often as wanted.
 void AddSettings(CLI::App& command, std::vector<std::string>& settings);
 
-// Throws Unusable for an unknown key, and for a word that a choice or a check does not have.
+// Throws as SetField() does.
 void SetFields(const std::vector<std::string>& settings, Form& form);
 
 }  // namespace quorval
