@@ -2,6 +2,7 @@
 // back shows.  QUORVAL_CYCLES says how often.
 #include <QPushButton>
 #include <cstdlib>
+#include <vector>
 
 #include "analyses/registry.h"
 #include "desktop/dialog_view.h"
@@ -42,6 +43,68 @@ TEST_F(EnduranceTest, RunsAndClosesOverAndOver) {
     platform.print_jobs.clear();
     platform.boxes.clear();
   }
+}
+
+// --- Closing any window in any state
+
+struct ClosingTest : test::Desktop {
+  // What a user has open: a dialog, one behind its button, results with plots, a cell being typed.
+  void OpenDialog() {
+    Choose(window, "XY Regression Single");
+    Choose(window, "&Difference Plot (Bland-Altman)");
+  }
+  void OpenNestedDialog() {
+    OpenDialog();
+    In<QPushButton>(*Shown<DialogView>("frmBAOpt"), "frmBASupplOpt").click();
+    Settle();
+  }
+  void OpenResults() {
+    OpenDialog();
+    In<QPushButton>(*Shown<DialogView>("frmBAOpt"), "ok").click();
+    Settle();
+  }
+  void TypeIntoResults() {
+    OpenResults();
+    auto& sheet = Shown<ResultsView>("frmBAs")->sheet();
+    GoTo(sheet, 2, 3);
+    Type(sheet, "half a na");
+    Type(window.sheet(), "12");
+  }
+
+  std::vector<QWidget*> Others() const {
+    std::vector<QWidget*> others;
+    for (QWidget* one : QApplication::topLevelWidgets())
+      if (one->isVisible() && one != &window) others.push_back(one);
+    return others;
+  }
+};
+
+TEST_F(ClosingTest, IsSafe) {
+  using State = void (ClosingTest::*)();
+  const State states[] = {&ClosingTest::OpenDialog, &ClosingTest::OpenNestedDialog,
+                          &ClosingTest::OpenResults, &ClosingTest::TypeIntoResults};
+  std::size_t closed = 0;
+  for (const State state : states)
+    for (std::size_t first = 0;; ++first) {
+      (this->*state)();
+      std::vector<QWidget*> windows = Others();
+      if (first < windows.size()) windows[first]->close();
+      Settle();
+      const bool last = first >= windows.size();
+      closed += last ? 0 : 1;
+      while (!(windows = Others()).empty()) {
+        windows.back()->close();
+        Settle();
+      }
+      EXPECT_TRUE(workbench.open().empty());
+      EXPECT_EQ(workbench.worksheet().Text(2, 1), "2.521");
+      if (last) break;
+    }
+  EXPECT_GE(closed, 8u);
+  OpenResults();  // and the main window over all others
+  window.close();
+  Settle();
+  EXPECT_TRUE(Others().empty());
 }
 
 }  // namespace
