@@ -4,7 +4,7 @@
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QMainWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <QRadioButton>
 #include <QShortcut>
@@ -97,14 +97,29 @@ void GiveNumber(QWidget& control, Letters& letters) {
   control.setToolTip(shortcut->key().toString(QKeySequence::NativeText));
 }
 
+void TakeMarked(const QList<QAction*>& entries, Letters& letters) {
+  for (const QAction* entry : entries)
+    if (const QKeySequence key = QKeySequence::mnemonic(entry->text()); !key.isEmpty())
+      letters.Take(QChar(key[0].key()));
+}
+
+// The entries of a menu that have no letter of their own.
+void MarkEntries(const QMenu& menu) {
+  Letters letters;
+  TakeMarked(menu.actions(), letters);
+  for (QAction* entry : menu.actions())
+    if (!entry->isSeparator() && QKeySequence::mnemonic(entry->text()).isEmpty())
+      entry->setText(letters.Marked(entry->text()));
+}
+
 }  // namespace
 
 void GiveMnemonics(QWidget& window) {
   Letters letters;
-  if (auto* const main = qobject_cast<QMainWindow*>(&window))
-    for (const QAction* menu : main->menuBar()->actions())
-      if (const qsizetype at = menu->text().indexOf(u'&'); at >= 0)
-        letters.Take(menu->text()[at + 1]);
+  if (const auto* const bar = window.findChild<QMenuBar*>()) {
+    TakeMarked(bar->actions(), letters);
+    for (const QMenu* menu : bar->findChildren<QMenu*>()) MarkEntries(*menu);
+  }
   qDeleteAll(window.findChildren<QShortcut*>(kShortcutName));
 
   QList<QWidget*> controls;

@@ -11,6 +11,7 @@
 #include <filesystem>
 
 #include "desktop/main_window.h"
+#include "desktop/mnemonics.h"
 #include "desktop/sheet_view.h"
 #include "painting/page_painter.h"
 #include "painting/qt_text.h"
@@ -61,7 +62,9 @@ class Desktop : public testing::Test {
   static QAction* Entry(const QMainWindow& of, const QString& caption) {
     for (QMenu* menu : of.menuBar()->findChildren<QMenu*>())
       for (QAction* action : menu->actions())
-        if (action->text() == caption && action->menu() == nullptr) return action;
+        if ((action->text() == caption || Unmarked(action->text()) == caption) &&
+            action->menu() == nullptr)
+          return action;
     return nullptr;
   }
   void Choose(const QMainWindow& in, const QString& caption) {
