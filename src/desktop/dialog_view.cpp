@@ -56,8 +56,7 @@ DialogView::DialogView(Form& form, const Dialog& dialog, QWidget* parent, const 
   setWindowTitle(ToQt(dialog.title));
   auto* const layout = new QVBoxLayout(this);
   layout->setSizeConstraint(QLayout::SetFixedSize);
-  constexpr int kTitleButtons = 150;  // pixels of the title bar that its text cannot have
-  layout->addStrut(fontMetrics().horizontalAdvance(windowTitle()) + kTitleButtons);
+  layout->addStrut(TitleWidth(*this));
   if (!dialog.heading.empty()) {
     auto* const heading = new QLabel(PlainCaption(dialog.heading));
     QFont font = heading->font();

@@ -2,9 +2,11 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QSettings>
 
+#include "desktop/caption.h"
 #include "desktop/help_window.h"
 #include "desktop/print_preview.h"
 #include "painting/byte_file.h"
@@ -54,14 +56,14 @@ Answer QtPlatform::Show(const MessageBox& box) {
   window.setText(ToQt(box.text));
   window.setInformativeText(ToQt(box.beside));
   window.setIcon(box.critical ? QMessageBox::Critical : QMessageBox::NoIcon);
-  if (box.buttons == Buttons::kOk) {
-    window.setStandardButtons(QMessageBox::Ok);
-    window.exec();
-    return Answer::kOk;
-  }
-  window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-  window.setEscapeButton(QMessageBox::No);
-  return window.exec() == QMessageBox::Yes ? Answer::kYes : Answer::kNo;
+  const bool asks = box.buttons != Buttons::kOk;
+  window.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
+  if (asks) window.setEscapeButton(QMessageBox::No);
+  if (auto* const grid = qobject_cast<QGridLayout*>(window.layout()))
+    grid->addItem(new QSpacerItem(TitleWidth(window), 0), grid->rowCount(), 0, 1, -1);
+  const int pressed = window.exec();
+  if (!asks) return Answer::kOk;
+  return pressed == QMessageBox::Yes ? Answer::kYes : Answer::kNo;
 }
 
 void QtPlatform::ShowWaitPointer(bool on) {
