@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStatusBar>
 #include <vector>
 
@@ -93,9 +94,9 @@ void ResultsView::MakeFileMenu() {
 
 void ResultsView::MakeHelpMenu() {
   QMenu* const menu = menuBar()->addMenu("&Help");
-  QAction* const topics =
-      menu->addAction("&Help Topics", this, [this] { workbench_.ShowHelp(false); });
-  topics->setShortcut(QKeySequence::HelpContents);
+  menu->addAction("&Help Topics", this, [this] { workbench_.ShowHelp(false); });
+  connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
+          [this] { workbench_.ShowManual(open_.analysis->manual); });
   menu->addAction("&About", this, [this] { ShowAboutBox(this); });
   if (open_.results->procedure->offers_tutorial)
     menu->addAction("&Tutorial", this, [this] { workbench_.ShowTutorial(); });

@@ -187,9 +187,15 @@ TEST_F(AnalysisTest, AddsTheResidualPlotToTheSheet) {
 }
 
 TEST_F(AnalysisTest, ShowsHelpForTheAnalysis) {
-  OpenDialog();
+  Run();
+  QApplication::setActiveWindow(results);
+  QTest::keyClick(results, Qt::Key_F1);
+  Choose(*results, "&Selection of Ord. L.-S.  Reg. options");
+  QApplication::setActiveWindow(dialog);
   platform.works = false;
   QTest::keyClick(dialog, Qt::Key_F1);
+  const std::string page = "DOCQUORVAL.hlp/ordinary-least-squares.md";
+  EXPECT_THAT(platform.help_pages, ElementsAre(page, page));
   EXPECT_EQ(platform.boxes.size(), 1U);
 }
 

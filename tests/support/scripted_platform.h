@@ -23,6 +23,7 @@ struct ScriptedPlatform : Platform {
   std::vector<FileQuestion> file_questions;
   std::vector<PrintJob> print_jobs;
   std::vector<std::filesystem::path> pictures;
+  std::vector<std::string> help_pages;
   std::map<std::string, int, std::less<>> settings;
   bool wait_pointer = false;
   bool works = true;  // printing, pictures and help succeed
@@ -57,7 +58,10 @@ struct ScriptedPlatform : Platform {
     return found == settings.end() ? std::nullopt : std::optional(found->second);
   }
   void SetSetting(std::string_view key, int value) override { settings[std::string(key)] = value; }
-  bool OpenHelp(std::string_view, bool) override { return works; }
+  bool OpenHelp(std::string_view file, bool) override {
+    help_pages.emplace_back(file);
+    return works;
+  }
 
  private:
   std::optional<std::filesystem::path> NextPath(const FileQuestion& question) {
