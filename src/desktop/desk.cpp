@@ -192,9 +192,10 @@ void Desk::BringForward(const std::string& window) {
 
 ResultsView* Desk::OwnerOf(const Plot& plot) const {
   // The last to fill a window that analyses share.
-  for (auto views = views_.rbegin(); views != views_.rend(); ++views)
-    if (views->results && Shows(*views->open, plot)) return views->results;
-  return nullptr;
+  const auto owner = std::find_if(views_.rbegin(), views_.rend(), [&](const Views& views) {
+    return views.results && Shows(*views.open, plot);
+  });
+  return owner == views_.rend() ? nullptr : owner->results.data();
 }
 
 }  // namespace quorval

@@ -126,7 +126,7 @@ void GiveMnemonics(QWidget& window) {
   for (QWidget* widget : window.findChildren<QWidget*>())
     if (IsControl(*widget, window)) controls += widget;
   // The window's own buttons choose first, so that they keep their letters.
-  std::ranges::stable_partition(controls, [](const QWidget* control) {
+  std::stable_partition(controls.begin(), controls.end(), [](const QWidget* control) {
     return qobject_cast<const QDialogButtonBox*>(control->parentWidget()) != nullptr;
   });
   for (QWidget* control : controls)
