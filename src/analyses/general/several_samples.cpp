@@ -138,6 +138,7 @@ void RunSeveralSamples(Run& run) {
   if (AllEqual(samples)) run.Refuse(" No dispersion in variables: No analysis ");
   const Real limit = run.form.WholeNumber32(kOutlierLimit);
   std::vector<Summary> summaries;
+  summaries.reserve(samples.size());
   for (const Sample& values : samples) summaries.push_back(Summarise(run.messages, limit, values));
   WriteSheet(run, columns, summaries);
   Insist(run.messages, "Error in dotplot routine", [&] { DrawSamples(run, samples, summaries); });

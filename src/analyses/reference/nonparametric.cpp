@@ -14,20 +14,20 @@ namespace {
 
 struct Estimator {
   std::string_view word;  // of the percentile rule
-  bool bootstrap;
   PercentilePositions (*positions)(Real N);
+  bool bootstrap;
   int lower_margin;  // the lower position may reach N less this
   std::string_view analyte_label, procedure, rule;
 };
 constexpr Estimator kEstimators[] = {
-    {"simple-n-half", false, PositionsByNHalf, 1, kAnalyte,
+    {"simple-n-half", PositionsByNHalf, false, 1, kAnalyte,
      "  Simple nonparametric procedure (default)",
      "  Percentiles as (2.5/100)N+0.5 and (97.5/100)N+0.5"},
-    {"simple-n-plus-1", false, PositionsByNPlus1, 1, kVariable, "  Simple nonparametric procedure ",
+    {"simple-n-plus-1", PositionsByNPlus1, false, 1, kVariable, "  Simple nonparametric procedure ",
      "  Percentiles as (2.5/100)(N+1) and (97.5/100)(N+1)"},
-    {"bootstrap-n-half", true, PositionsByNHalf, 0, kAnalyte,
+    {"bootstrap-n-half", PositionsByNHalf, true, 0, kAnalyte,
      "  Bootstrap nonparametric procedure ", "  Bootstraps of (2.5/100)N+0.5 and (97.5/100)N+0.5"},
-    {"bootstrap-n-plus-1", true, PositionsByNPlus1, 1, kVariable,
+    {"bootstrap-n-plus-1", PositionsByNPlus1, true, 1, kVariable,
      "  Bootstrap nonparametric procedure ", "  Bootstraps of (2.5/100)(N+1) and (97.5/100)(N+1)"},
 };
 
