@@ -96,6 +96,7 @@ std::vector<ManualHit> Manual::Search(std::string_view words) const {
   }
   std::ranges::stable_sort(found, std::greater{}, [](const auto& hit) { return hit.first; });
   std::vector<ManualHit> hits;
+  hits.reserve(found.size());
   for (auto& [weight, hit] : found) hits.push_back(std::move(hit));
   return hits;
 }
