@@ -138,7 +138,7 @@ QString Unmarked(const QString& caption) {
   for (qsizetype i = 0; i < caption.size(); ++i) {
     if (caption[i] == u'&' && i + 1 < caption.size() && caption[i + 1] != u'&') continue;
     unmarked += caption[i];
-    if (caption[i] == u'&') unmarked += caption[++i];
+    if (caption[i] == u'&' && i + 1 < caption.size()) unmarked += caption[++i];
   }
   return unmarked;
 }

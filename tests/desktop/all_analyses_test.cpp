@@ -243,6 +243,7 @@ TEST(NamesAndKeysTest, EveryControlOfEveryDialogHasBoth) {
 TEST(NamesAndKeysTest, ALetterIsUnderlinedOnlyInThePicture) {
   EXPECT_EQ(Unmarked("&Slope a && b"), "Slope a && b");
   EXPECT_EQ(Unmarked("No.:"), "No.:");
+  EXPECT_EQ(Unmarked("Q &"), "Q &");
 }
 
 class KeysTest : public test::Desktop {};
