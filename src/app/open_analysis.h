@@ -20,6 +20,7 @@ struct ResultsWindow {
   // The points that were marked, where the analysis can be repeated without them: the window then
   // has the button "Outlier rejection".
   std::optional<Rejection> rejection{};
+  Notices notices{};
 };
 
 // An analysis from the opening of its dialog to its exit.  The dialog stays loaded, hidden, while

@@ -11,10 +11,15 @@ namespace quorval {
 class Unattended : public Platform {
  public:
   const std::vector<MessageBox>& boxes() const { return boxes_; }
+  // Of all commands.
+  const Notices& notices() const { return notices_; }
 
   Answer Show(const MessageBox& box) override {
     boxes_.push_back(box);
     return box.buttons == Buttons::kYesNo ? Answer::kYes : Answer::kOk;
+  }
+  void ShowNotices(const Notices& notices) override {
+    notices_.insert(notices_.end(), notices.begin(), notices.end());
   }
   void ShowWaitPointer(bool) override {}
   std::optional<std::filesystem::path> AskOpen(const FileQuestion&) override { return {}; }
@@ -27,6 +32,7 @@ class Unattended : public Platform {
 
  private:
   std::vector<MessageBox> boxes_;
+  Notices notices_;
 };
 
 }  // namespace quorval

@@ -6,9 +6,9 @@
 #include "app/note_page.h"
 #include "app/results_files.h"
 #include "app/wait_pointer.h"
-#include "results/notice.h"
 #include "results/picture_file.h"
 #include "results/print.h"
+#include "results/rejection_notice.h"
 
 namespace quorval {
 namespace {
@@ -114,6 +114,8 @@ void Workbench::RunProcedure(OpenAnalysis& open) {
   Run run{open.form, project_.worksheet(), project_.context(), messages, window.sheet};
   window.outcome = Execute(procedure, run);
   if (window.outcome == Outcome::kDone) window.outcome = KeepPicture(procedure, run);
+  window.notices = std::move(run.notices);
+  platform_.ShowNotices(window.notices);
   window.sheet.PaintHead();
   window.shown =
       window.outcome == Outcome::kDone || procedure.failure.aftermath == Aftermath::kWindowStays;
@@ -152,6 +154,8 @@ void Workbench::Reanalyse(OpenAnalysis& open) {
   Run run{window.options, project_.worksheet(), project_.context(),
           messages,       window.sheet,         &rejection};
   window.outcome = Execute(*window.procedure, run);
+  window.notices = std::move(run.notices);
+  platform_.ShowNotices(window.notices);
   window.sheet.PaintHead();
   TakePlots(window, std::move(run.plots));
   if (window.outcome == Outcome::kRefused) {
@@ -197,7 +201,9 @@ Outcome Workbench::PressOk(const Tool& tool, const Form& form) {
   const WaitPointer wait(platform_);
   RunMessages messages(platform_);
   ToolRun run{form, worksheet(), messages};
-  return Guard(messages, tool.failure, [&] { tool.run(run); });
+  const Outcome outcome = Guard(messages, tool.failure, [&] { tool.run(run); });
+  platform_.ShowNotices(run.notices);
+  return outcome;
 }
 
 // --- A results window

@@ -18,6 +18,11 @@ Answer BatchPlatform::Show(const MessageBox& box) {
   return Unattended::Show(box);
 }
 
+void BatchPlatform::ShowNotices(const Notices& notices) {
+  for (const Notice& notice : notices) std::cerr << "note: " << OnOneLine(notice.text) << '\n';
+  Unattended::ShowNotices(notices);
+}
+
 bool BatchPlatform::Print(std::span<const PrintJob> jobs) {
   if (pictures_ == nullptr) return false;
   for (const PrintJob& job : jobs) {

@@ -9,13 +9,14 @@
 
 namespace quorval {
 
-// Boxes go to standard error.
+// Boxes and notices go to standard error.
 class BatchPlatform : public Unattended {
  public:
   // Without pictures nothing can be drawn or printed.
   explicit BatchPlatform(Pictures* pictures) : pictures_(pictures) {}
 
   Answer Show(const MessageBox& box) override;
+  void ShowNotices(const Notices& notices) override;
   // Keeps a copy of the pages for WritePages().
   bool Print(std::span<const PrintJob> jobs) override;
   bool WritePicture(const Plot& plot, const std::filesystem::path& path) override;

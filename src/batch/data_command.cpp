@@ -35,7 +35,8 @@ ExitStatus RunTool(const DataOptions& options) {
   if (outcome == Outcome::kDone && !options.save.empty())
     WriteWorksheetFile(options.save, workbench);
   if (!options.json.empty())
-    WriteText(JsonText(ToolJson(tool, form, outcome, platform.boxes(), workbench.worksheet())),
+    WriteText(JsonText(ToolJson(tool, form, outcome, platform.boxes(), platform.notices(),
+                                workbench.worksheet())),
               options.json);
   return outcome == Outcome::kDone ? ExitStatus::kDone : ExitStatus::kRefused;
 }

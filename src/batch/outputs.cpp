@@ -110,7 +110,8 @@ void HandOut(const Outputs& outputs, Outcome outcome, OpenAnalysis& open, Workbe
   const bool window_open = open.results && open.results->shown;
   if (outputs.json != "-" && window_open) std::cout << SheetTable(open.results->sheet.grid());
   if (!outputs.json.empty())
-    WriteText(JsonText(RunJson(open, outcome, platform.boxes(), plots)), outputs.json);
+    WriteText(JsonText(RunJson(open, outcome, platform.boxes(), platform.notices(), plots)),
+              outputs.json);
   if (window_open && !outputs.save.empty())
     WriteResultsFile(outputs.save, open.results->sheet.grid());
   if (window_open && !outputs.export_results.empty())

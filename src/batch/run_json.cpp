@@ -22,6 +22,16 @@ Json MessagesJson(std::span<const MessageBox> boxes) {
   return json;
 }
 
+Json NoticesJson(const Notices& notices) {
+  Json json = Json::array();
+  for (const Notice& notice : notices) {
+    Json& one = json.emplace_back(Json{{"kind", notice.kind}, {"text", notice.text}});
+    if (notice.column) one["column"] = *notice.column;
+    if (notice.row) one["row"] = *notice.row;
+  }
+  return json;
+}
+
 // --- The results window
 
 Json CellJson(const Cell& cell, int row, int column) {
@@ -113,23 +123,26 @@ Json PlotsJson(std::span<const Plot* const> plots, Outcome outcome) {
 }  // namespace
 
 Json RunJson(const OpenAnalysis& open, Outcome outcome, std::span<const MessageBox> boxes,
-             std::span<const Plot* const> plots) {
+             const Notices& notices, std::span<const Plot* const> plots) {
   return {{"schema", kJsonSchema},
           {"analysis", open.analysis->id},
           {"options", OptionsJson(open.form)},
           {"status", outcome == Outcome::kDone ? "done" : "refused"},
           {"messages", MessagesJson(boxes)},
+          {"notices", NoticesJson(notices)},
           {"results", ResultsJson(open)},
           {"plots", PlotsJson(plots, outcome)}};
 }
 
 Json ToolJson(const Tool& tool, const Form& form, Outcome outcome,
-              std::span<const MessageBox> boxes, const Worksheet& worksheet) {
+              std::span<const MessageBox> boxes, const Notices& notices,
+              const Worksheet& worksheet) {
   return {{"schema", kJsonSchema},
           {"tool", tool.id},
           {"options", OptionsJson(form)},
           {"status", outcome == Outcome::kDone ? "done" : "refused"},
           {"messages", MessagesJson(boxes)},
+          {"notices", NoticesJson(notices)},
           {"worksheet", {{"cells", CellsJson(worksheet.grid(), 0)}}}};
 }
 

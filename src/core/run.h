@@ -8,6 +8,7 @@
 #include "core/failure.h"
 #include "core/form.h"
 #include "core/messages.h"
+#include "core/notice.h"
 #include "core/plot.h"
 #include "core/rejection.h"
 #include "core/results_sheet.h"
@@ -25,6 +26,7 @@ struct Run {
   const Rejection* repeated = nullptr;   // a re-analysis: its data are what this one retained
   std::vector<Plot> plots{};             // in the order in which they were filled
   std::optional<Rejection> rejection{};  // where points were marked that a repetition may leave out
+  Notices notices{};
 
   [[noreturn]] void Refuse(std::string_view words) const {
     messages.Tell(words);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 #include "platform/platform.h"
@@ -16,7 +17,13 @@ class QtPlatform : public Platform {
   explicit QtPlatform(const std::filesystem::path& help_folder);
   ~QtPlatform() override;
 
+  // Where the notices of a command are shown: nowhere, until somebody shows them.
+  void ShowNoticesBy(std::function<void(const Notices&)> show) { show_notices_ = std::move(show); }
+
   Answer Show(const MessageBox& box) override;
+  void ShowNotices(const Notices& notices) override {
+    if (show_notices_) show_notices_(notices);
+  }
   void ShowWaitPointer(bool on) override;
   std::optional<std::filesystem::path> AskOpen(const FileQuestion& question) override;
   std::optional<std::filesystem::path> AskSave(const FileQuestion& question) override;
@@ -33,6 +40,7 @@ class QtPlatform : public Platform {
 
  private:
   std::filesystem::path help_folder_;
+  std::function<void(const Notices&)> show_notices_;
   bool wait_pointer_ = false;
   std::unique_ptr<HelpWindow> help_;
 };

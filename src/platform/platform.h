@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/grid.h"
+#include "core/notice.h"
 #include "core/plot.h"
 
 namespace quorval {
@@ -67,6 +68,8 @@ class Platform {
   virtual ~Platform() = default;
 
   virtual Answer Show(const MessageBox& box) = 0;
+  // What no box told of the command that ends, a list for each command; often an empty one.
+  virtual void ShowNotices(const Notices& notices) = 0;
   virtual void ShowWaitPointer(bool on) = 0;
 
   virtual std::optional<std::filesystem::path> AskOpen(const FileQuestion& question) = 0;

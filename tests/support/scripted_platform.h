@@ -18,6 +18,7 @@ namespace quorval::test {
 struct ScriptedPlatform : Platform {
   std::vector<std::string> boxes;  // the texts, in order
   std::vector<bool> wait_pointer_at_box;
+  std::vector<Notices> notices;             // of each command
   std::deque<Answer> answers;               // of the question boxes; Yes when it runs out
   std::deque<std::filesystem::path> paths;  // of the file dialogs; cancelled when it runs out
   std::vector<FileQuestion> file_questions;
@@ -37,6 +38,7 @@ struct ScriptedPlatform : Platform {
     answers.pop_front();
     return answer;
   }
+  void ShowNotices(const Notices& of_command) override { notices.push_back(of_command); }
   void ShowWaitPointer(bool on) override { wait_pointer = on; }
   std::optional<std::filesystem::path> AskOpen(const FileQuestion& question) override {
     return NextPath(question);

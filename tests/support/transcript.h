@@ -36,6 +36,7 @@ struct Transcript {
   std::vector<std::string> boxes;
   Grid sheet{ResultsSheet::kColumns, ResultsSheet::kRows};
   std::vector<Plot> plots;
+  Notices notices;
 
   std::string Text(int row, int column) const { return sheet.Text(column, row); }
   // NaN where the cell holds no number.
@@ -67,6 +68,7 @@ inline Transcript RunOn(const Worksheet& worksheet, const Analysis& analysis,
   transcript.boxes = messages.boxes;
   transcript.sheet = sheet.grid();
   transcript.plots = run.plots;
+  transcript.notices = run.notices;
   return transcript;
 }
 

@@ -14,6 +14,7 @@ struct ToolRun {
   const Form& form;
   Worksheet& worksheet;
   Messages& messages;
+  Notices notices{};
 
   [[noreturn]] void Refuse(std::string_view words) const {
     messages.Tell(words);

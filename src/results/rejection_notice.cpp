@@ -1,4 +1,4 @@
-#include "results/notice.h"
+#include "results/rejection_notice.h"
 
 #include <algorithm>
 #include <string_view>
