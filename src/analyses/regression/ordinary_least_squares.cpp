@@ -43,6 +43,8 @@ constexpr Dialog MCstatF1so{
 };
 static_assert(WellFormed(MCstatF1so));
 
+constexpr auto kPlots = PlotsCaptioned("X-Y plot Ord. least-squares reg. analysis");
+
 // --- The run
 
 constexpr LeastSquaresRows kRows{
@@ -73,8 +75,7 @@ void RunOls(Run& run) {
   WriteSlope(run, 11, slope);
   run.sheet.Row(16, "  Correlation coefficient", r, CorrelationPClass(df, r));
   const Sample w(data.x.size(), 1);
-  ReportLeastSquares(run, kRows, {data, levels, *fit, estimates, w},
-                     "X-Y plot Ord. least-squares reg. analysis");
+  ReportLeastSquares(run, kRows, {data, levels, *fit, estimates, w}, kPlots);
 }
 
 constexpr Procedure MCstatF1s[] = {Comparison({
@@ -85,6 +86,7 @@ constexpr Procedure MCstatF1s[] = {Comparison({
         },
     .menu = {.back = "&Selection of Ord. L.-S.  Reg. options"},
     .print_header = "/cOrd. Linear regression/rPage #/p/n",
+    .plot_windows = kPlots,
     .run = RunOls,
 })};
 
