@@ -1,8 +1,8 @@
 // Ordinary least-squares regression of y (test method) on x (reference method).
 //
 // Reads two columns, or four whose pairwise means are taken.  Writes rows 2 to 41 of the sheet
-// and two optional tables, and the plots frmXY1s and frmRes1s.  Outliers are reported and drawn
-// apart, and never removed from an estimate.
+// and two optional tables, and the plots frmXY1s and frmRes1s.  Outliers are listed and have
+// marks of their own; every estimate keeps them.
 #include "analyses/registry.h"
 #include "analyses/regression/least_squares_report.h"
 #include "stats/significance.h"

@@ -1,5 +1,5 @@
-// Weighted least-squares regression of y (test method) on x (reference method), for a measurement
-// error that grows with the concentration.
+// Weighted least-squares regression of y (test method) on x (reference method), where the
+// scatter widens with the concentration.
 //
 // Reads two columns, or four whose pairwise means are taken.  Writes rows 2 to 50 of the sheet and
 // two optional tables, and the plots frmXY1s and frmRes1s.  The analysis can be repeated without
