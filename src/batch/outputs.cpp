@@ -28,24 +28,16 @@ CLI::Validator Named() {
   return {[](std::string& name) { return name.empty() ? "a name is needed" : ""; }, ""};
 }
 
-std::vector<const Plot*> PlotsOf(const OpenAnalysis& open, Workbench& workbench) {
-  std::vector<const Plot*> plots;
-  for (const Plot& plot : workbench.plots())
-    if (Shows(open, plot)) plots.push_back(&plot);
-  return plots;
-}
+bool ShowsData(const Plot& plot) { return plot.shown && !plot.series.empty(); }
 
-bool ShowsData(const Plot* plot) { return plot->shown && !plot->series.empty(); }
-
-void WritePictures(const std::vector<const Plot*>& plots, const Outputs& outputs,
-                   BatchPlatform& platform) {
+void WritePictures(std::span<const Plot> plots, const Outputs& outputs, BatchPlatform& platform) {
   const std::filesystem::path folder(outputs.plots);
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   if (error) throw Unusable(outputs.plots + ": the folder cannot be made: " + error.message());
-  for (const Plot* plot : plots) {
-    const auto path = folder / (plot->window + "." + outputs.plot_format);
-    if (ShowsData(plot)) WriteFile(path, [&] { platform.HandOutPicture(*plot, path); });
+  for (const Plot& plot : plots) {
+    const auto path = folder / (plot.window + "." + outputs.plot_format);
+    if (ShowsData(plot)) WriteFile(path, [&] { platform.HandOutPicture(plot, path); });
   }
 }
 
@@ -57,7 +49,7 @@ void PrintAllPlots(OpenAnalysis& open, Workbench& workbench) {
   for (std::string_view entry : entries) workbench.PrintPlots(open, entry);
 }
 
-void WriteReport(const std::vector<const Plot*>& plots, const std::string& file, OpenAnalysis& open,
+void WriteReport(std::span<const Plot> plots, const std::string& file, OpenAnalysis& open,
                  Workbench& workbench, BatchPlatform& platform) {
   workbench.PrintResults(open);
   if (std::ranges::any_of(plots, ShowsData)) PrintAllPlots(open, workbench);
@@ -122,7 +114,8 @@ std::unique_ptr<Pictures> MakePictures() {
 
 void HandOut(const Outputs& outputs, Outcome outcome, OpenAnalysis& open, Workbench& workbench,
              BatchPlatform& platform) {
-  const std::vector<const Plot*> plots = PlotsOf(open, workbench);
+  const std::span<const Plot> plots =
+      open.results ? std::span<const Plot>(open.results->plots) : std::span<const Plot>{};
   const bool window_open = open.results && open.results->shown;
   if (outputs.json != "-" && window_open) std::cout << SheetTable(open.results->sheet.grid());
   if (window_open && !outputs.save.empty())

@@ -33,9 +33,11 @@ struct Run {
     throw Refusal{};
   }
 
+  // The plot window `window`, empty.
   Plot& AddPlot(std::string_view window, std::string_view caption) {
     return plots.emplace_back(Plot{.window = std::string(window), .caption = std::string(caption)});
   }
+  Plot& AddPlot(const PlotWindow& one) { return AddPlot(one.window, one.caption); }
 };
 
 }  // namespace quorval

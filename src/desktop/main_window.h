@@ -32,6 +32,9 @@ class MainWindow : public QMainWindow {
   // As "&Open Project" does: named on the command line, or dropped on the window.
   void OpenProject(const std::filesystem::path& path);
 
+  // In the status bar, until the next command.
+  void ShowNotices(const Notices& notices);
+
   SheetView& sheet() { return *sheet_; }
   // The menu entry of a command; null where the menus have none.
   QAction* ActionOf(Command command) const;

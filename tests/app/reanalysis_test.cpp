@@ -49,9 +49,7 @@ struct Session {
   }
   ResultsWindow& window() { return *open->results; }
   std::string Text(int row, int column = 1) { return window().sheet.grid().Text(column, row); }
-  const Plot& PlotOf(std::string_view name) {
-    return *std::ranges::find(workbench.plots(), name, &Plot::window);
-  }
+  const Plot& PlotOf(std::string_view name) { return *window().FindPlot(name); }
 };
 
 // The columns without the marked points of WithSixOutliers().

@@ -77,8 +77,8 @@ TEST(Run, TellsAllThatTheWindowsShow) {
   const Json& run = answer.json;
   std::vector<std::string> keys;
   for (const auto& [key, value] : run.items()) keys.push_back(key);
-  EXPECT_THAT(
-      keys, ElementsAre("schema", "analysis", "options", "status", "messages", "results", "plots"));
+  EXPECT_THAT(keys, ElementsAre("schema", "analysis", "options", "status", "messages", "notices",
+                                "results", "plots"));
   EXPECT_EQ(run["schema"], 1);
   EXPECT_EQ(run["analysis"], "ols");
   EXPECT_EQ(run["status"], "done");

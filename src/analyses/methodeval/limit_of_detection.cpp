@@ -1,4 +1,4 @@
-// The limit of detection with type I and II errors specified, by CLSI guideline EP17-A (2004): the
+// The limit of detection at given errors of both kinds, by CLSI guideline EP17-A (2004): the
 // limit of blank (LoB) as a percentile of blank measurements, and above it a multiple of the pooled
 // SD of samples with little analyte.
 #include "analyses/methodeval/detection_limit.h"

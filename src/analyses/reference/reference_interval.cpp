@@ -1,5 +1,5 @@
-// The central 95 % interval of a population, from one column of reference values: the 2.5th and the
-// 97.5th percentile, each with a 90 % confidence interval.
+// The central 95 % interval of a population, from one column of reference values: both limits with
+// their 90 % confidence intervals.
 //
 // Seven procedures share the intake, the refusals and the plots told here.  Outliers are reported
 // by the parametric ones and never removed.

@@ -48,7 +48,7 @@ void WriteDemingTables(Run& run, const DemingFit& fit, const Bands& bands,
                        const DistanceResiduals& distances, const Sample& z);
 
 template <class Width>
-void ReportDeming(Run& run, const DemingFit& fit, std::string_view xy_caption) {
+void ReportDeming(Run& run, const DemingFit& fit, std::span<const PlotWindow> plots) {
   const auto& [data, levels, line, errors, e] = fit;
   const Real df = data.Count() - 2;
   const auto distances = DistancesFromLine<Width>(data, line, e);
@@ -63,9 +63,9 @@ void ReportDeming(Run& run, const DemingFit& fit, std::string_view xy_caption) {
 
   const Bands bands = ComputeBands(levels, errors.estimates, CriticalT05(df));
   WriteDemingTables(run, fit, bands, distances, z);
-  DrawXYPlot(run, xy_caption, data, outliers, {.a0 = line.a0, .b = line.b},
+  DrawXYPlot(run, plots[0], data, outliers, {.a0 = line.a0, .b = line.b},
              run.form.On(kPlotBands) ? std::optional(bands) : std::nullopt);
-  DrawResidualPlot(run, distances.m, z, outliers);
+  DrawResidualPlot(run, plots[1], distances.m, z, outliers);
 }
 
 }  // namespace quorval::regression

@@ -41,6 +41,8 @@ constexpr Dialog MCstatF5so{
 };
 static_assert(WellFormed(MCstatF5so));
 
+constexpr auto kPlots = PlotsCaptioned("XY Plot Nonparametric Regression");
+
 // --- The run
 
 bool Holds(Real lower, Real expected, Real upper) { return lower <= expected && expected <= upper; }
@@ -111,8 +113,8 @@ void RunPassingBablok(Run& run) {
                    {"  x value", "  y value", "  Estim. y", "  Res.(vertical: y - (a0+bx))",
                     "  St. res. at an angle to the line"},
                    data, residuals);
-  DrawUnmarkedXYPlot(run, "XY Plot Nonparametric Regression", data, {.a0 = line->a0, .b = line->b});
-  DrawUnmarkedResidualPlot(run, x, residuals.z);
+  DrawUnmarkedXYPlot(run, kPlots[0], data, {.a0 = line->a0, .b = line->b});
+  DrawUnmarkedResidualPlot(run, kPlots[1], x, residuals.z);
 }
 
 constexpr Procedure MCstatF5s[] = {Comparison({
@@ -121,6 +123,7 @@ constexpr Procedure MCstatF5s[] = {Comparison({
         [](const Form& form) { return WindowTitle("Nonparametric Regression Analysis", form); },
     .menu = {.back = "&Selection of Nonpar.  Reg. options"},
     .print_header = "/cPassing-Bablok Regression/rPage #/p/n",
+    .plot_windows = kPlots,
     .run = RunPassingBablok,
 })};
 

@@ -204,6 +204,9 @@ void WriteLimits(ResultsSheet& sheet, int row, const Results& results) {
 
 // --- The plots
 
+constexpr PlotWindow kPlots[] = {{"frmPolynRegPlot", "Polynomial regression plot"},
+                                 {"frmPolynResPlot", "Standardized residuals plot"}};
+
 void DrawMarked(Plot& plot, const Sample& x, const Sample& y, const OutlierMarks& outliers) {
   plot.AddPoints(Select(x, y, outliers, false));
   if (outliers.count > 0) plot.AddPoints(Select(x, y, outliers, true), Mark::kCross);
@@ -211,7 +214,7 @@ void DrawMarked(Plot& plot, const Sample& x, const Sample& y, const OutlierMarks
 
 void DrawRegression(Run& run, const Results& results, const OrderedPairs& points) {
   constexpr int kCurvePoints = 100;
-  Plot& plot = run.AddPlot("frmPolynRegPlot", "Polynomial regression plot");
+  Plot& plot = run.AddPlot(kPlots[0]);
   plot.x.title = "X";
   plot.y.title = "Y";
   DrawMarked(plot, points.x, points.y, results.outliers);
@@ -232,7 +235,7 @@ void DrawRegression(Run& run, const Results& results, const OrderedPairs& points
 }
 
 void DrawResiduals(Run& run, const Results& results) {
-  Plot& plot = run.AddPlot("frmPolynResPlot", "Standardized residuals plot");
+  Plot& plot = run.AddPlot(kPlots[1]);
   plot.x.title = "Estimated Y ";
   plot.y.title = "Stand. residual";
   Sample z;
@@ -261,7 +264,6 @@ void RunPolynomial(Run& run) {
   DrawResiduals(run, results);
 }
 
-constexpr std::array<std::string_view, 2> kPlotWindows{"frmPolynRegPlot", "frmPolynResPlot"};
 constexpr std::array<PlotPicture, 2> kPictures{{
     {"frmPolynRegPlot", " Chart2D1.bmp", 350},
     {"frmPolynResPlot", " Chart2D1Res.bmp", 150},
@@ -274,7 +276,7 @@ constexpr Procedure kProcedures[] = {{
     .menu = {.back = "&Select Options"},
     .print_header = "/cPolynomial regression/rPage #/p/n",
     .plot_jobs = kPlotJobs,
-    .plot_windows = kPlotWindows,
+    .plot_windows = kPlots,
     .offers_tutorial = true,
     .failure = {.fault = "Error", .aftermath = Aftermath::kWindowNotShown},
     .run = RunPolynomial,
