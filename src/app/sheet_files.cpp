@@ -25,9 +25,10 @@ void LeaveInSheet(Grid& grid, const TrailingTexts& trailing) {
   grid.SetText(1, rows + 2, trailing.second);
 }
 
-bool Export(Platform& platform, const std::filesystem::path& path, const Grid& grid) {
+bool Export(Platform& platform, const std::filesystem::path& path, const Grid& grid,
+            const ExportOptions& options) {
   const WaitPointer wait(platform);
-  if (CanWrite(path)) return !WriteGrid(path, grid);
+  if (CanWrite(path)) return !WriteGrid(path, grid, options);
   try {
     WriteXls(path, grid);
     return true;
@@ -50,15 +51,19 @@ void SaveSheet(Platform& platform, Grid& grid, const TrailingTexts& trailing,
 
 void ExportSheet(Platform& platform, const Grid& grid, std::string_view proposed_name) {
   try {
+    ExportOptions options;
     const auto path =
         platform.AskSave({.title = "Open",
                           .filters = {"Excel file (*.xls)|*.xls", "Excel workbook (*.xlsx)|*.xlsx",
                                       "Comma separated values (*.csv)|*.csv"},
-                          .proposed_name = std::string(proposed_name)});
+                          .proposed_name = std::string(proposed_name),
+                          .option = "&Apostrophe before texts that begin with = + - @ (.csv, .tsv)",
+                          .option_chosen = &options.safe_texts});
     if (!path) return;
-    const bool done = Export(platform, *path, grid);
+    const bool done = Export(platform, *path, grid, options);
     platform.Show(
         {.text = done ? "Export complete." : "Export did not succeed.", .title = "Result"});
+    if (done) platform.ShowNotices(LossesOf(*path, grid));
   } catch (const std::exception&) {
     platform.Show({.text = "Error in file export"});
   }

@@ -1,6 +1,7 @@
 #include "desktop/qt_platform.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QMessageBox>
@@ -27,11 +28,23 @@ QString QtFilter(std::string_view filter) {
   return parts.first().endsWith(brackets) ? parts.first() : parts.first() + " " + brackets;
 }
 
+// Only Qt's own dialog has room for it, below the names.
+QCheckBox* AddOption(QFileDialog& dialog, const FileQuestion& question) {
+  if (question.option.empty()) return nullptr;
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  auto* const box = new QCheckBox(ToQt(question.option), &dialog);
+  box->setChecked(*question.option_chosen);
+  if (auto* const grid = qobject_cast<QGridLayout*>(dialog.layout()))
+    grid->addWidget(box, grid->rowCount(), 0, 1, -1);
+  return box;
+}
+
 std::optional<std::filesystem::path> Ask(const FileQuestion& question,
                                          QFileDialog::AcceptMode mode) {
   QFileDialog dialog(QApplication::activeWindow(), ToQt(question.title),
                      ToQt(question.folder.string()));
   dialog.setAcceptMode(mode);
+  const QCheckBox* const option = AddOption(dialog, question);
   dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
                                                      : QFileDialog::AnyFile);
   QStringList filters;
@@ -40,6 +53,7 @@ std::optional<std::filesystem::path> Ask(const FileQuestion& question,
   dialog.setDefaultSuffix(ToQt(question.default_extension));
   if (!question.proposed_name.empty()) dialog.selectFile(ToQt(question.proposed_name));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  if (option != nullptr) *question.option_chosen = option->isChecked();
   return FromQt(dialog.selectedFiles().first());
 }
 

@@ -1,4 +1,6 @@
-#include <cmath>
+#include <array>
+#include <filesystem>
+#include <fstream>
 #include <map>
 #include <optional>
 #include <string>
@@ -7,6 +9,7 @@
 #include "core/worksheet.h"
 #include "formats/project_file.h"
 #include "formats/project_schema.h"
+#include "formats/regular_file.h"
 #include "formats/sqlite.h"
 
 namespace quorval {
@@ -35,19 +38,54 @@ std::string Address(const std::filesystem::path& path) {
       address += c;
     }
   }
-  return address + "?immutable=1";
+  return address;
 }
 
-// Read-only, without locks and journals of others, and without trust in what the file says.
+// Whether the file was left in the mode of a write-ahead log, by the numbers of the versions that
+// write and read it in its first page.
+bool HasLog(const std::filesystem::path& path) {
+  constexpr std::size_t kWriteVersion = 18, kReadVersion = 19;
+  constexpr char kLog = 2;
+  std::array<char, kReadVersion + 1> head{};
+  std::ifstream(path, std::ios::binary).read(head.data(), head.size());
+  return head[kWriteVersion] == kLog || head[kReadVersion] == kLog;
+}
+
+// Of a log that holds anything the latest changes would be missing.  It is not read: that writes
+// into files beside the project, and the program that keeps the log may write at the same time.
+void RefuseChangesInLog(const std::filesystem::path& path) {
+  std::error_code error;
+  const auto size = std::filesystem::file_size(path.string() + "-wal", error);
+  if (!error && size > 0)
+    Refuse("another program holds changes of the file back: close the file there first");
+}
+
+void RefuseChangesSince(std::filesystem::file_time_type time, const std::filesystem::path& path) {
+  RefuseChangesInLog(path);
+  if (std::filesystem::last_write_time(path) != time)
+    Refuse("another program wrote the file while it was read");
+}
+
+// A file that its program has left, with nothing in its log, is read as it stands.  Any other is
+// read under the lock that keeps others from changing it; it is refused while one of them writes,
+// and where one was killed while it wrote.
+std::string AddressToRead(const std::filesystem::path& path) {
+  if (!HasLog(path)) return Address(path);
+  RefuseChangesInLog(path);
+  return Address(path) + "?immutable=1";
+}
+
+// Read-only, and without trust in what the file says.
 Database OpenUntrusted(const std::filesystem::path& path) {
-  if (!std::filesystem::is_regular_file(path)) Refuse("there is no such file");
-  Database database = sqlite::Open(Address(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+  constexpr int kPatience = 500;  // milliseconds, for another program to end its writing
+  Database database = sqlite::Open(AddressToRead(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+  sqlite3_busy_timeout(database.get(), kPatience);
   sqlite3_limit(database.get(), SQLITE_LIMIT_LENGTH, kLongestValue);
   sqlite3_limit(database.get(), SQLITE_LIMIT_SQL_LENGTH, 10000);
   sqlite3_limit(database.get(), SQLITE_LIMIT_ATTACHED, 0);
   sqlite3_db_config(database.get(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   sqlite3_db_config(database.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  sqlite::Execute(database, "PRAGMA cell_size_check=ON; PRAGMA mmap_size=0");
+  sqlite::Execute(database, "PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; BEGIN");
   return database;
 }
 
@@ -160,12 +198,18 @@ SavedGrid ReadCells(const Database& database) {
 
 }  // namespace
 
-SavedGrid ReadProjectFile(const std::filesystem::path& path) {
+SavedGrid ReadProjectFile(const std::filesystem::path& named) {
+  RequireRegularFile(named);
+  const std::filesystem::path path = std::filesystem::canonical(named);  // where its log would be
+  const bool has_log = HasLog(path);
+  const auto last_written = std::filesystem::last_write_time(path);
   const Database database = OpenUntrusted(path);
   CheckSchema(database);
   CheckPages(database);
   try {
-    return ReadCells(database);
+    SavedGrid saved = ReadCells(database);
+    if (has_log) RefuseChangesSince(last_written, path);
+    return saved;
   } catch (const Fault&) {
     Refuse("the file holds a number that is not finite");
   }

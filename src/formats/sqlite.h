@@ -18,9 +18,21 @@ struct Close {
 };
 using Database = std::unique_ptr<sqlite3, Close>;
 
+// In our words where the library's would not tell a user what to do.
+inline const char* WordsOf(sqlite3* database) {
+  switch (sqlite3_extended_errcode(database)) {
+    case SQLITE_BUSY:
+      return "another program is writing the file";
+    case SQLITE_READONLY_ROLLBACK:
+      return "another program broke off while it wrote the file: open the file there first";
+    default:
+      return sqlite3_errmsg(database);
+  }
+}
+
 inline void Check(sqlite3* database, int code) {
   if (code != SQLITE_OK && code != SQLITE_DONE && code != SQLITE_ROW)
-    throw FileError(sqlite3_errmsg(database));
+    throw FileError(WordsOf(database));
 }
 
 inline Database Open(const std::string& name, int flags) {

@@ -28,8 +28,7 @@ bool IsXls(const std::filesystem::path& path) {
 }
 
 bool IsReadable(const std::filesystem::path& path, std::string_view extension) {
-  return path.extension() == extension && std::ifstream(path).good() &&
-         std::filesystem::is_regular_file(path);
+  return path.extension() == extension && std::ifstream(path).good();
 }
 bool IsCsv(const std::filesystem::path& path) { return IsReadable(path, ".csv"); }
 bool IsTsv(const std::filesystem::path& path) { return IsReadable(path, ".tsv"); }
@@ -42,7 +41,10 @@ constexpr Kind kKinds[] = {
     {IsTsv, NameOfFile, ReadTabSeparated},
 };
 
+// Of a regular file: looking into a pipe would wait for ever.
 const Kind* KindOf(const std::filesystem::path& path) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error)) return nullptr;
   for (const Kind& kind : kKinds)
     if (kind.is(path)) return &kind;
   return nullptr;

@@ -5,6 +5,8 @@
 
 #include <vector>
 
+#include "formats/replaced_file.h"
+
 namespace quorval {
 namespace {
 
@@ -51,7 +53,8 @@ std::optional<std::string> ZipReader::Read(std::string_view part) const {
 }
 
 ZipWriter::ZipWriter(const std::filesystem::path& path)
-    : file_(gsf::WriteFile(path)),
+    : path_(path),
+      file_(gsf::NewOutput()),
       archive_(GSF_OUTPUT(gsf_outfile_zip_new(file_.get(), nullptr))) {}
 
 void ZipWriter::Add(std::string_view part, std::string_view bytes) {
@@ -71,6 +74,7 @@ void ZipWriter::Add(std::string_view part, const std::function<void(const Sink&)
 void ZipWriter::Close() {
   gsf::Close(archive_);
   gsf::Close(file_);
+  ReplaceFile(path_, gsf::BytesOf(file_));
 }
 
 }  // namespace quorval

@@ -28,6 +28,7 @@ class ZipReader {
   gsf::Owner<GsfInfile> archive_;
 };
 
+// Keeps the archive in memory until Close().
 class ZipWriter {
  public:
   // Hands out the part's bytes piece by piece.
@@ -37,9 +38,11 @@ class ZipWriter {
 
   void Add(std::string_view part, std::string_view bytes);
   void Add(std::string_view part, const std::function<void(const Sink&)>& write);
+  // Puts the archive in the file's place.
   void Close();
 
  private:
+  std::filesystem::path path_;
   gsf::Owner<GsfOutput> file_;
   gsf::Owner<GsfOutput> archive_;
 };
