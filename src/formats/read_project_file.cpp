@@ -164,7 +164,7 @@ SavedGrid ReadCells(const Database& database, Budget& budget) {
     budget.cells.Take();
     const int column = InRange<int>(WholeIn(read, 0), 1, Worksheet::kColumns);
     const int row = InRange<int>(WholeIn(read, 1), 1, kMostRows);
-    Cell& cell = saved.grid.Edit(column, row);
+    Cell cell;
     if (const std::int64_t number = WholeIn(read, 4); look == nullptr || look_number != number) {
       look_number = number;
       look = &Known(looks, number);
@@ -180,6 +180,7 @@ SavedGrid ReadCells(const Database& database, Budget& budget) {
     }
     if (!read.IsNull(5)) cell.picture = Known(pictures, WholeIn(read, 5));
     if (has_text || has_value || cell.picture) saved.rows = std::max(saved.rows, row);
+    saved.grid.Put(column, row, std::move(cell));
   }
   return saved;
 }
