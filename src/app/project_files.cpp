@@ -1,5 +1,6 @@
 #include "app/project_files.h"
 
+#include <optional>
 #include <utility>
 
 #include "app/sheet_files.h"
@@ -24,15 +25,15 @@ TrailingTexts TrailingOf(const Project& project) {
   return {project.context().ProjectName, project.context().ProjectNote};
 }
 
-// Whether the work came to its end; the wait pointer shows how long it takes.
+// Why the work did not come to its end; the wait pointer shows how long it takes.
 template <class Work>
-bool Succeeds(Platform& platform, Work&& work) {
+std::optional<std::string> WhyNot(Platform& platform, Work&& work) {
   const WaitPointer wait(platform);
   try {
     work();
-    return true;
-  } catch (const FileError&) {
-    return false;
+    return std::nullopt;
+  } catch (const FileError& error) {
+    return error.what();
   }
 }
 
@@ -79,7 +80,9 @@ bool ProjectFiles::OpenFile(const std::filesystem::path& path) {
 
 bool ProjectFiles::Load(const std::filesystem::path& path) {
   project_.SetFile(path);
-  return Succeeds(platform_, [&] { project_.Take(ReadProjectFile(path)); });
+  const auto why_not = WhyNot(platform_, [&] { project_.Take(ReadProjectFile(path)); });
+  why_not_ = why_not.value_or("");
+  return !why_not;
 }
 
 void ProjectFiles::Save() {
@@ -117,13 +120,13 @@ void ProjectFiles::ImportFrom(const std::filesystem::path& path) {
     return Show("File is not an Excel file or is locked and cannot be imported.",
                 "Invalid File Type or Locked");
   Show("File is an Excel file.", "File Type");
-  if (Succeeds(platform_, [&] { SheetNames(path); })) {
+  if (!WhyNot(platform_, [&] { SheetNames(path); })) {
     Show("Got sheet list.", "Status");
   } else {
     Show("Cannot return information for Excel file.", "Result");
   }
   Worksheet& worksheet = project_.worksheet();
-  const bool done = Succeeds(platform_, [&] { worksheet = ReadFirstSheet(path); });
+  const bool done = !WhyNot(platform_, [&] { worksheet = ReadFirstSheet(path); });
   Show(done ? "Import complete." : "Import did not succeed.", "Result");
   worksheet.PaintHeader();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 #include "app/project.h"
 #include "platform/platform.h"
@@ -19,8 +20,10 @@ class ProjectFiles {
   // The old data are gone before the file dialog opens.
   void Open();
   // The same without the dialog; false where the file is none that can be opened, which leaves an
-  // empty project and tells nothing.
+  // empty project and tells nothing but why_not().
   bool OpenFile(const std::filesystem::path& path);
+  // Why the last file could not be opened.
+  const std::string& why_not() const { return why_not_; }
   void Save();
   void SaveAs();
   void Import();
@@ -38,6 +41,7 @@ class ProjectFiles {
   Platform& platform_;
   Project& project_;
   bool can_save_ = false;
+  std::string why_not_;
 };
 
 }  // namespace quorval

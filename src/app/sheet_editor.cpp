@@ -32,7 +32,7 @@ void SheetEditor::Clear(CellRange range) {
   range = Used(range);
   Remember(range);
   ForEachCell(range, [&](int column, int row) {
-    if (grid_.At(column, row).picture) grid_.Edit(column, row) = Cell{};
+    if (grid_.At(column, row).picture) grid_.Put(column, row, {});
     grid_.SetText(column, row, {});
   });
 }
@@ -96,7 +96,9 @@ CellRange SheetEditor::Swap(Step& step) {
   std::size_t i = 0;
   ForEachCell(step.range, [&](int column, int row) {
     Cell& other = step.others[i++];
-    if (!(other == grid_.At(column, row))) std::swap(other, grid_.Edit(column, row));
+    Cell now = grid_.At(column, row);
+    if (other == now) return;
+    grid_.Put(column, row, std::exchange(other, std::move(now)));
   });
   return step.range;
 }

@@ -14,7 +14,8 @@ auto Keep(std::optional<std::string>& to) {
 
 void LoadFile(const std::string& file, Workbench& workbench) {
   if (std::filesystem::path(file).extension() == ".qvl") {
-    if (!workbench.files().OpenFile(file)) throw Unusable(file + ": the file is no project");
+    if (!workbench.files().OpenFile(file))
+      throw Unusable(file + ": the file is no project: " + workbench.files().why_not());
   } else if (const auto error = ReadWorksheet(file, workbench.worksheet())) {
     throw Unusable(*error);
   }

@@ -7,6 +7,7 @@
 
 #include "core/conversion.h"
 #include "core/worksheet.h"
+#include "formats/budget.h"
 #include "formats/project_file.h"
 #include "formats/project_schema.h"
 #include "formats/regular_file.h"
@@ -17,10 +18,6 @@ namespace {
 
 using sqlite::Database;
 using sqlite::Statement;
-
-constexpr int kLongestValue = 64 << 20;  // bytes of one text or picture
-constexpr std::size_t kMostLooks = 100000;
-constexpr std::size_t kMostPictures = 1000;
 
 [[noreturn]] void Refuse(const char* why) { throw FileError(why); }
 
@@ -80,7 +77,7 @@ Database OpenUntrusted(const std::filesystem::path& path) {
   constexpr int kPatience = 500;  // milliseconds, for another program to end its writing
   Database database = sqlite::Open(AddressToRead(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
   sqlite3_busy_timeout(database.get(), kPatience);
-  sqlite3_limit(database.get(), SQLITE_LIMIT_LENGTH, kLongestValue);
+  sqlite3_limit(database.get(), SQLITE_LIMIT_LENGTH, limits::kLongestValue);
   sqlite3_limit(database.get(), SQLITE_LIMIT_SQL_LENGTH, 10000);
   sqlite3_limit(database.get(), SQLITE_LIMIT_ATTACHED, 0);
   sqlite3_db_config(database.get(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
@@ -117,6 +114,32 @@ void CheckPages(const Database& database) {
   if (!check.Step() || check.Text(0) != "ok") Refuse("the file is damaged");
 }
 
+// A column's type binds no value in it: a word may stand among the numbers, and would be taken for
+// 0.
+void Expect(bool right_kind) {
+  if (!right_kind) Refuse("the file holds a value of another kind than its column");
+}
+
+std::int64_t WholeIn(Statement& row, int column) {
+  Expect(row.Type(column) == SQLITE_INTEGER);
+  return row.Integer(column);
+}
+
+double NumberIn(Statement& row, int column) {
+  Expect(row.Type(column) == SQLITE_FLOAT || row.Type(column) == SQLITE_INTEGER);
+  return row.Number(column);
+}
+
+std::string_view TextIn(Statement& row, int column) {
+  Expect(row.Type(column) == SQLITE_TEXT);
+  return row.Text(column);
+}
+
+std::string_view BytesIn(Statement& row, int column) {
+  Expect(row.Type(column) == SQLITE_BLOB);
+  return row.Blob(column);
+}
+
 template <class Whole>
 Whole InRange(std::int64_t number, std::int64_t least, std::int64_t most) {
   if (number < least || number > most) Refuse("the file holds a number that makes no sense");
@@ -136,16 +159,16 @@ Looks ReadLooks(const Database& database) {
   Looks looks;
   Statement look(database, "SELECT * FROM look");
   while (look.Step()) {
-    if (looks.size() == kMostLooks) Refuse("the file holds too many looks");
-    looks[look.Integer(0)] = {
-        .type = TypeFrom(look.Integer(1)),
-        .decimals = InRange<std::uint8_t>(look.Integer(2), 0, 30),
-        .bold = look.Integer(3) != 0,
-        .italic = look.Integer(4) != 0,
-        .overflow = look.Integer(5) != 0,
-        .colour = InRange<Colour>(look.Integer(6), 0, kWhite),
-        .span_columns = InRange<std::uint16_t>(look.Integer(7), 1, Worksheet::kColumns),
-        .span_rows = InRange<std::uint16_t>(look.Integer(8), 1, project_schema::kMostRows),
+    if (looks.size() == limits::kLooks) Refuse("the file holds too many looks");
+    looks[WholeIn(look, 0)] = {
+        .type = TypeFrom(WholeIn(look, 1)),
+        .decimals = InRange<std::uint8_t>(WholeIn(look, 2), 0, 30),
+        .bold = WholeIn(look, 3) != 0,
+        .italic = WholeIn(look, 4) != 0,
+        .overflow = WholeIn(look, 5) != 0,
+        .colour = InRange<Colour>(WholeIn(look, 6), 0, kWhite),
+        .span_columns = InRange<std::uint16_t>(WholeIn(look, 7), 1, Worksheet::kColumns),
+        .span_rows = InRange<std::uint16_t>(WholeIn(look, 8), 1, project_schema::kMostRows),
     };
   }
   return looks;
@@ -155,8 +178,8 @@ Pictures ReadPictures(const Database& database) {
   Pictures pictures;
   Statement picture(database, "SELECT id, image FROM picture");
   while (picture.Step()) {
-    if (pictures.size() == kMostPictures) Refuse("the file holds too many pictures");
-    pictures[picture.Integer(0)] = std::make_shared<const std::string>(picture.Blob(1));
+    if (pictures.size() == limits::kPictures) Refuse("the file holds too many pictures");
+    pictures[WholeIn(picture, 0)] = std::make_shared<const std::string>(BytesIn(picture, 1));
   }
   return pictures;
 }
@@ -168,7 +191,7 @@ const Value& Known(const std::map<Key, Value>& values, Key key) {
   return found->second;
 }
 
-SavedGrid ReadCells(const Database& database) {
+SavedGrid ReadCells(const Database& database, Budget& budget) {
   using project_schema::kMostRows;
   const Looks looks = ReadLooks(database);
   const Pictures pictures = ReadPictures(database);
@@ -177,21 +200,26 @@ SavedGrid ReadCells(const Database& database) {
   const CellLook* look = nullptr;
   Statement read(database, "SELECT \"column\", \"row\", text, value, look, picture FROM cell");
   while (read.Step()) {
-    const int row = InRange<int>(read.Integer(1), 1, kMostRows);
-    Cell& cell = saved.grid.Edit(InRange<int>(read.Integer(0), 1, Worksheet::kColumns), row);
-    if (look == nullptr || look_number != read.Integer(4)) {
-      look_number = read.Integer(4);
-      look = &Known(looks, look_number);
+    budget.cells.Take();
+    const int column = InRange<int>(WholeIn(read, 0), 1, Worksheet::kColumns);
+    const int row = InRange<int>(WholeIn(read, 1), 1, kMostRows);
+    Cell cell;
+    if (const std::int64_t number = WholeIn(read, 4); look == nullptr || look_number != number) {
+      look_number = number;
+      look = &Known(looks, number);
     }
     cell.look = *look;
     const bool has_text = !read.IsNull(2);
     const bool has_value = !read.IsNull(3);
-    if (has_value)
-      cell.value = Raw(Real(read.Number(3)));
-    else if (has_text)
-      cell.text = read.Text(2);
-    if (!read.IsNull(5)) cell.picture = Known(pictures, read.Integer(5));
+    if (has_value) {
+      cell.value = Raw(Real(NumberIn(read, 3)));
+    } else if (has_text) {
+      budget.text.Take(TextIn(read, 2).size());
+      cell.text = TextIn(read, 2);
+    }
+    if (!read.IsNull(5)) cell.picture = Known(pictures, WholeIn(read, 5));
     if (has_text || has_value || cell.picture) saved.rows = std::max(saved.rows, row);
+    saved.grid.Put(column, row, std::move(cell));
   }
   return saved;
 }
@@ -203,11 +231,12 @@ SavedGrid ReadProjectFile(const std::filesystem::path& named) {
   const std::filesystem::path path = std::filesystem::canonical(named);  // where its log would be
   const bool has_log = HasLog(path);
   const auto last_written = std::filesystem::last_write_time(path);
+  Budget budget(path);
   const Database database = OpenUntrusted(path);
   CheckSchema(database);
   CheckPages(database);
   try {
-    SavedGrid saved = ReadCells(database);
+    SavedGrid saved = ReadCells(database, budget);
     if (has_log) RefuseChangesSince(last_written, path);
     return saved;
   } catch (const Fault&) {

@@ -90,7 +90,9 @@ class Statement {
 
   void Reset() { sqlite3_reset(statement_.get()); }
 
-  bool IsNull(int column) { return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL; }
+  // SQLITE_INTEGER, SQLITE_FLOAT, SQLITE_TEXT, SQLITE_BLOB or SQLITE_NULL.
+  int Type(int column) { return sqlite3_column_type(statement_.get(), column); }
+  bool IsNull(int column) { return Type(column) == SQLITE_NULL; }
   std::int64_t Integer(int column) { return sqlite3_column_int64(statement_.get(), column); }
   double Number(int column) { return sqlite3_column_double(statement_.get(), column); }
   std::string_view Text(int column) {

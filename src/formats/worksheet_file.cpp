@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -67,6 +68,8 @@ std::optional<std::string> WhyNot(const std::filesystem::path& path, Work&& work
     return std::nullopt;
   } catch (const FileError& error) {
     return path.string() + ": " + error.what();
+  } catch (const std::bad_alloc&) {
+    return path.string() + ": there is not enough memory";
   }
 }
 
