@@ -111,8 +111,9 @@ Percentiles TakePercentiles(const Run& run, std::span<const Real> x) {
 
 OneSample TakeSample(Run& run) {
   const Column column = ReadDialogColumn(run);
-  if (column.values.size() < 3) run.Refuse(" N < 3: No General Statistics! ");
-  return {.name = column.header, .x = SortAscending(ToReals(ToSingles(ToNumbers(column.values))))};
+  Sample x = SortAscending(ToReals(ToSingles(ToNumbers(column.values))));
+  if (x.size() < 3) run.Refuse(" N < 3: No General Statistics! ");
+  return {.name = column.header, .x = std::move(x)};
 }
 
 void RunOneSample(Run& run) {

@@ -51,8 +51,9 @@ static_assert(WellFormed(frmGenTwoOptions));
 
 Group TakeGroup(Run& run, const Field& field) {
   Column column = ReadColumn(run, run.form.Column(field));
-  if (column.values.size() < 3) run.Refuse(" N < 3: No group comparison! ");
-  return {column.number, std::move(column.header), ToReals(ToSingles(ToNumbers(column.values)))};
+  Sample values = ToReals(ToSingles(ToNumbers(column.values)));
+  if (values.size() < 3) run.Refuse(" N < 3: No group comparison! ");
+  return {column.number, std::move(column.header), std::move(values)};
 }
 
 struct TestRoutine {

@@ -23,8 +23,8 @@ struct LowSample {
 
 LowSample MeasureLowSample(Run& run, const Field& column_field, const Field& sds_field) {
   LowSample sample{.column = ReadColumn(run, TakeColumn(run, column_field))};
-  if (sample.column.values.size() < 2) run.Refuse(" Sample size < 2: No analysis ");
   sample.x = ToNumbers(sample.column.values);
+  if (sample.x.size() < 2) run.Refuse(" Sample size < 2: No analysis ");
   const Range range = RangeOf(sample.x);
   if (range.max == range.min) run.Refuse(" No dispersion in variables: No analysis ");
   sample.d = DescribeSample(run.messages, sample.x);

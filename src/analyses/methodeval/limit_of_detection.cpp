@@ -24,9 +24,9 @@ struct Blanks {
 
 Blanks EstimateLoB(Run& run) {
   Blanks blanks{.column = ReadColumn(run, run.form.Column(kBlankColumn))};
-  const Real n = blanks.column.values.size();
-  if (n < 2) run.Refuse(kTooFew);
   blanks.sorted = SortAscending(ToNumbers(blanks.column.values));
+  const Real n = blanks.sorted.size();
+  if (n < 2) run.Refuse(kTooFew);
   if (blanks.sorted.front() == blanks.sorted.back())
     run.Refuse(" No dispersion in variables: No analysis ");
   if (run.form.Blank(kAlpha)) run.Refuse("Type I error (alpha) not specified");
@@ -51,9 +51,8 @@ struct LowSamples {
 LowSamples ReadLowSamples(Run& run, const ColumnSpan& columns) {
   LowSamples samples{columns};
   for (int column = columns.start; column <= columns.last; ++column) {
-    const Texts texts = ReadColumn(run, column).values;
-    if (texts.size() < 2) run.Refuse(kTooFew);
-    samples.values.push_back(ToNumbers(texts));
+    samples.values.push_back(ToNumbers(ReadColumn(run, column).values));
+    if (samples.values.back().size() < 2) run.Refuse(kTooFew);
   }
   return samples;
 }

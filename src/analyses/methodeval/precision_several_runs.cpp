@@ -15,10 +15,9 @@ struct Runs {
 Runs ReadRuns(Run& run, Real outlier_limit) {
   Runs runs{.columns = TakeColumns(run, kStartColumn, kLastColumn)};
   for (int column = runs.columns.start; column <= runs.columns.last; ++column) {
-    const Texts texts = ReadColumn(run, column).values;
-    if (texts.empty()) run.Refuse(kNoValues);
-    if (texts.size() == 1) Raise(Fault::Kind::kDivisionByZero);  // a run without an SD
-    const Sample& values = runs.values.emplace_back(ToNumbers(texts));
+    const Sample& values = runs.values.emplace_back(ToNumbers(ReadColumn(run, column).values));
+    if (values.empty()) run.Refuse(kNoValues);
+    if (values.size() == 1) Raise(Fault::Kind::kDivisionByZero);  // a run without an SD
     if (MarkOutliersBySD(run.messages, outlier_limit, values).count > 0)
       runs.outlier_columns.push_back(column);
   }

@@ -40,8 +40,8 @@ void DrawValues(Run& run, std::span<const Real> x, const Description& d,
 
 void RunSingle(Run& run) {
   const Column column = ReadColumn(run, TakeColumn(run, kColumn));
-  if (column.values.size() < 2) run.Refuse(" Sample size < 2: No analysis ");
   const Sample x = ToNumbers(column.values);
+  if (x.size() < 2) run.Refuse(" Sample size < 2: No analysis ");
   const Range range = RangeOf(x);
   if (range.max == range.min) run.Refuse(" No dispersion in variables: No analysis ");
   const Description d = DescribeSample(run.messages, x);

@@ -8,11 +8,11 @@ RawData ReadRawData(Run& run, const Layout& layout) {
   RawData data{.outlier_limit = run.form.WholeNumber32(kOutlierLimit),
                .columns = TakeColumns(run, kStartColumn, kLastColumn, layout.columns)};
   for (int column = data.columns.start; column <= data.columns.last; ++column) {
-    const Texts texts = ReadColumn(run, column).values;
-    if (texts.size() < layout.heads + layout.least) run.Refuse(layout.too_few);
+    const Sample cells = ToNumbers(ReadColumn(run, column).values);
+    if (cells.size() < layout.heads + layout.least) run.Refuse(layout.too_few);
     Replicates& level = data.levels.emplace_back();
-    if (layout.heads > 0) level.head = ToNumber(texts.front());
-    const Sample values = ToNumbers(std::span(texts).subspan(layout.heads));
+    if (layout.heads > 0) level.head = cells.front();
+    const auto values = std::span(cells).subspan(layout.heads);
     level.d = DescribeSample(run.messages, values);
     level.N = static_cast<int>(values.size());
     if (MarkOutliersBySD(run.messages, data.outlier_limit, values).count > 0)
@@ -22,17 +22,16 @@ RawData ReadRawData(Run& run, const Layout& layout) {
 }
 
 std::vector<Sample> ReadPairs(Run& run, std::span<const int> columns) {
-  std::vector<Texts> texts;
-  for (int column : columns) {
-    texts.push_back(ReadColumn(run, column).values);
-    if (texts.back().empty()) run.Refuse(kNoValues);
-  }
-  const std::size_t levels = texts.front().size();
   std::vector<Sample> values;
-  for (const Texts& column : texts) {
-    if (column.size() < levels) Raise(Fault::Kind::kOutOfRange);
-    values.push_back(ToNumbers(std::span(column).first(levels)));
+  for (int column : columns) {
+    Texts texts = ReadColumn(run, column).values;
+    // What stands below the levels of the first column belongs to none.
+    if (!values.empty() && texts.size() > values[0].size()) texts.resize(values[0].size());
+    values.push_back(ToNumbers(texts));
+    if (values.back().empty()) run.Refuse(kNoValues);
   }
+  for (const Sample& column : values)
+    if (column.size() < values[0].size()) Raise(Fault::Kind::kOutOfRange);
   return values;
 }
 

@@ -38,7 +38,7 @@ ReferenceSample TakeSample(Run& run) {
 }
 
 void CheckParametric(const Run& run, const ReferenceSample& sample, bool needs_positive) {
-  if (run.form.Number32(kOutlierLimit) <= 0)
+  if (!IsNumber(run.form.Text(kOutlierLimit)) || run.form.WholeNumber32(kOutlierLimit) <= 0)
     run.Refuse("Outlier detection limit should be a positive number of SD´s");
   if (needs_positive && sample.RefValues.front() <= 0)
     run.Refuse("Transformation not possible on non-positive numbers!");
