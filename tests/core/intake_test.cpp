@@ -107,8 +107,7 @@ TEST_F(Intake, NeedsAllThreeEqualitiesOfDuplicates) {
   worksheet.Clear();
   Fill({{"1", "2"}, {"3", "4"}, {"5", "6"}, {"7", "8"}});
   const PairColumns read = ReadPairDuplicate(pair);
-  EXPECT_EQ(read.N, 2);
-  EXPECT_THAT(read.values[2], ElementsAre("5", "6"));
+  EXPECT_THAT(read.columns[2].values, ElementsAre("5", "6"));
 }
 
 TEST_F(Intake, TakesABlankIdFieldAsNoneInTheSingleFormOnly) {

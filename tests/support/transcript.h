@@ -57,7 +57,7 @@ inline Transcript RunOn(const Worksheet& worksheet, const Analysis& analysis,
   for (const auto& [key, text] : settings) form.Set(key, text);
 
   Transcript transcript;
-  if (const Rule* broken = form.BrokenRule()) {
+  if (const Rule* broken = form.BrokenRule(transcript.notices)) {
     transcript.boxes.emplace_back(broken->words);
     return transcript;
   }

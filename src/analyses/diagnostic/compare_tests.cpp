@@ -59,15 +59,15 @@ struct TwoTests {
 };
 
 TwoGroups TakeGroups(Run& run, const Field& first_column, const Field& second_column) {
-  const Column first = ReadColumn(run, run.form.Column(first_column));
-  Sample first_sample = ValuesOf(first);
-  const Column second = ReadColumn(run, run.form.Column(second_column));
+  const Column first = ReadColumn(run, first_column);
+  Sample first_sample = first.Numbers32(run.notices);
+  const Column second = ReadColumn(run, second_column);
   return {.FirstCol = first.number,
           .SecondCol = second.number,
           .FirstName = first.header,
           .SecondName = second.header,
           .FirstSample = std::move(first_sample),
-          .SecondSample = ValuesOf(second)};
+          .SecondSample = second.Numbers32(run.notices)};
 }
 
 TwoTests TakeTests(Run& run) {
@@ -94,6 +94,10 @@ DifferenceSE EstimateSE(Run& run, const TwoTests& tests, Real D) {
   const TwoGroups& test1 = tests.test1;
   const TwoGroups& test2 = tests.test2;
   if (test1.N1() != test2.N1() || test1.N2() != test2.N2()) {
+    NoteLengths(run.notices, {{test1.FirstCol, test1.FirstSample.size()},
+                              {test2.FirstCol, test2.FirstSample.size()}});
+    NoteLengths(run.notices, {{test1.SecondCol, test1.SecondSample.size()},
+                              {test2.SecondCol, test2.SecondSample.size()}});
     run.messages.Tell(
         "Paired ROC-Curve comparison can not be performed because of unequal sample sizes");
     throw Failure{};

@@ -33,9 +33,6 @@ struct TwoGroups {
 inline constexpr std::size_t kSmallestGroup = 10;
 inline bool TooSmall(const Sample& group) { return group.size() < kSmallestGroup; }
 
-// The numbers of a column, rounded to 32 bits.  A Fault of a word.
-Sample ValuesOf(const Column& column);
-
 // --- Results
 
 // The 95 % confidence limits estimate -/+ margin, as far as `possible` goes.

@@ -15,8 +15,8 @@ struct Group {
 };
 
 Group TakeGroup(Run& run, const Field& field) {
-  Column column = ReadColumn(run, run.form.Column(field));
-  Sample sample = SortAscending(ValuesOf(column));
+  Column column = ReadColumn(run, field);
+  Sample sample = SortAscending(column.Numbers32(run.notices));
   if (TooSmall(sample)) run.Refuse(" N in group(s) < 10: No diagnostic test evaluation ");
   return {column.number, std::move(column.header), std::move(sample)};
 }

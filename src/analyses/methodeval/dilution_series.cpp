@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "core/conversion.h"
-
 namespace quorval::methodeval::linearity {
 
 int DilutionSeries::N() const {
@@ -17,7 +15,7 @@ DilutionSeries ReadDilutionSeries(Run& run, const Field& start, const Field& las
   if (series.columns.last - series.columns.start + 1 < 3)
     run.Refuse(" Less than three x levels: No analysis ");
   for (int column = series.columns.start; column <= series.columns.last; ++column) {
-    const Sample cells = ToNumbers(ReadColumn(run, column).values);
+    const Sample cells = ReadColumn(run, column).Numbers(run.notices);
     if (cells.size() < 3) run.Refuse(" Less than two y values at each x level: No analysis ");
     DilutionLevel level{.x = cells.front(), .y = {cells.begin() + 1, cells.end()}, .mean = {}};
     level.mean = Sum(level.y) / level.n();

@@ -3,7 +3,6 @@
 // SD of samples with little analyte.
 #include "analyses/methodeval/detection_limit.h"
 #include "analyses/methodeval/variance_components.h"
-#include "core/conversion.h"
 #include "stats/percentile.h"
 #include "stats/resampling.h"
 
@@ -23,8 +22,8 @@ struct Blanks {
 };
 
 Blanks EstimateLoB(Run& run) {
-  Blanks blanks{.column = ReadColumn(run, run.form.Column(kBlankColumn))};
-  blanks.sorted = SortAscending(ToNumbers(blanks.column.values));
+  Blanks blanks{.column = ReadColumn(run, kBlankColumn)};
+  blanks.sorted = SortAscending(blanks.column.Numbers(run.notices));
   const Real n = blanks.sorted.size();
   if (n < 2) run.Refuse(kTooFew);
   if (blanks.sorted.front() == blanks.sorted.back())
@@ -51,7 +50,7 @@ struct LowSamples {
 LowSamples ReadLowSamples(Run& run, const ColumnSpan& columns) {
   LowSamples samples{columns};
   for (int column = columns.start; column <= columns.last; ++column) {
-    samples.values.push_back(ToNumbers(ReadColumn(run, column).values));
+    samples.values.push_back(ReadColumn(run, column).Numbers(run.notices));
     if (samples.values.back().size() < 2) run.Refuse(kTooFew);
   }
   return samples;

@@ -3,7 +3,6 @@
 
 #include "analyses/methodeval/profile.h"
 #include "analyses/registry.h"
-#include "core/conversion.h"
 
 namespace quorval::methodeval {
 namespace trueness {
@@ -60,7 +59,7 @@ constexpr Rule kRules[] = {
     kBothModes[0],
     // A word passes, and ends the run.
     {[](const Form& form) {
-       return form.Holds(kPairs) && IsNumber(form.Text(kSemColumn)) &&
+       return form.Holds(kPairs) && form.HoldsNumber(kSemColumn) &&
               OutsideWorksheet(form, kSemColumn);
      },
      kColumnRefused},

@@ -13,7 +13,6 @@
 
 #include "analyses/method_comparison.h"
 #include "analyses/registry.h"
-#include "core/conversion.h"
 #include "stats/polynomial_tests.h"
 #include "stats/significance.h"
 
@@ -81,8 +80,11 @@ OrderedPairs Sort(std::span<const Real> x, std::span<const Real> y) {
 }
 
 OrderedPairs ReadPairs(Run& run) {
-  const Sample x = ToNumbers(ReadColumn(run, run.form.Column(kXColumn)).values);
-  const Sample y = ToNumbers(ReadColumn(run, run.form.Column(kYColumn)).values);
+  const Column x_column = ReadColumn(run, kXColumn);
+  const Sample x = x_column.Numbers(run.notices);
+  const Column y_column = ReadColumn(run, kYColumn);
+  const Sample y = y_column.Numbers(run.notices);
+  NoteLengths(run.notices, {{x_column.number, x.size()}, {y_column.number, y.size()}});
   if (x.size() != y.size()) run.Refuse(" Unequal numbers of x and y values: No analysis");
   if (x.size() < 3) run.Refuse(" N < 3: No analysis ");
   return Sort(x, y);
