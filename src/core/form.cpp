@@ -157,7 +157,10 @@ std::string Form::NameOf(const Field& field) const {
     const std::string longer = named(&shown);
     if (longer == name) continue;
     name = longer;
-    if (std::ranges::count(fields_, name, named) == 1) return name;
+    const auto alike = [&](const Field* one) {
+      return one->kind == FieldKind::kText && named(one) == name;
+    };
+    if (std::ranges::count_if(fields_, alike) == 1) return name;
   }
   return Joined(name, "(" + std::string(field.key) + ")");
 }

@@ -151,9 +151,8 @@ void NoteMissing(Run& run, const ControlData& data) {
   const int row = static_cast<int>(first) + 1;
   Note(run.notices,
        {"left-out",
-        Counted(missing, "negative value") + " of column " + std::to_string(data.column) +
-            " stand for missing measurements and were left out, the first of them in row " +
-            std::to_string(row),
+        "column " + std::to_string(data.column) + " holds " + Counted(missing, "negative value") +
+            ", taken as missing and left out; the first stands in row " + std::to_string(row),
         data.column, row});
 }
 
