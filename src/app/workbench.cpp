@@ -110,8 +110,10 @@ OpenAnalysis& Workbench::Open(const Analysis& analysis) {
 
 Outcome Workbench::PressOk(OpenAnalysis& open) {
   const WaitPointer wait(platform_);
-  if (const Rule* broken = open.form.BrokenRule()) {
+  Notices notices;
+  if (const Rule* broken = open.form.BrokenRule(notices)) {
     RunMessages(platform_).Tell(broken->words);
+    platform_.ShowNotices(notices);
     return Outcome::kRefused;
   }
   ResultsWindow window = RunProcedure(open);
@@ -212,7 +214,7 @@ Outcome Workbench::PressOk(const Tool& tool, const Form& form) {
   const WaitPointer wait(platform_);
   RunMessages messages(platform_);
   ToolRun run{form, worksheet(), messages};
-  const Outcome outcome = Guard(messages, tool.failure, [&] { tool.run(run); });
+  const Outcome outcome = Execute(tool, run);
   platform_.ShowNotices(run.notices);
   return outcome;
 }
