@@ -36,7 +36,7 @@ class Workbench {
   // An example in the project's place; false when the user would rather keep the data.
   bool ImportExample(const Example& example);
   // Empties the worksheet without a question; name and note stay.
-  void ClearWorksheet() { worksheet().Clear(); }
+  void ClearWorksheet();
   void PrintWorksheet();
   // With no header and footer, as the toolbar does.
   void PrintWorksheetAtOnce();
@@ -88,6 +88,7 @@ class Workbench {
   void ShowTutorial();
 
  private:
+  bool TakeExample(const Example& example);
   void RunProcedure(OpenAnalysis& open);
   // The picture is part of the run: the run has failed where it cannot be kept.
   Outcome KeepPicture(const Procedure& procedure, Run& run);

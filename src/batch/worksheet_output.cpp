@@ -2,6 +2,7 @@
 
 #include "app/results_files.h"
 #include "batch/commands.h"
+#include "core/file_name.h"
 #include "formats/file_error.h"
 #include "formats/worksheet_file.h"
 
@@ -21,7 +22,7 @@ void WriteProject(const std::string& file, const Grid& grid, const TrailingTexts
 void WriteWorksheetFile(const std::string& file, const Workbench& workbench) {
   const Grid& grid = workbench.project().worksheet().grid();
   const Context& context = workbench.project().context();
-  if (std::filesystem::path(file).extension() == ".qvl") {
+  if (ExtensionOf(file) == ".qvl") {
     WriteProject(file, grid, {context.ProjectName, context.ProjectNote});
   } else {
     WriteExport(file, grid);

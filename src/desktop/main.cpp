@@ -18,6 +18,6 @@ int main(int argc, char** argv) {
   quorval::MainWindow window(workbench, platform);
   window.Start();
   if (const QStringList files = QApplication::arguments().mid(1); !files.isEmpty())
-    window.OpenProject(quorval::FromQt(files.first()));
+    window.TakeFile(quorval::FromQt(files.first()));
   return QApplication::exec();
 }

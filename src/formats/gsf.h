@@ -5,7 +5,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -66,19 +65,25 @@ inline std::string ReadAll(const Owner<GsfInput>& input) {
 inline Owner<GsfOutput> WriteFile(const std::filesystem::path& path) {
   Start();
   FILE* const file = std::fopen(path.c_str(), "wb");
-  if (file == nullptr) throw FileError(std::strerror(errno));
+  if (file == nullptr) throw FileError(WordsOf(errno));
   return Owner<GsfOutput>(gsf_output_stdio_new_FILE(path.c_str(), file, FALSE));
 }
 
+// The library hands on what the system said, if at all, by errno.
+[[noreturn]] inline void FailToWrite() {
+  throw FileError(errno != 0 ? WordsOf(errno) : "the file cannot be written");
+}
+
 inline void Write(const Owner<GsfOutput>& output, std::string_view bytes) {
+  errno = 0;
   if (!gsf_output_write(output.get(), bytes.size(), reinterpret_cast<const guint8*>(bytes.data())))
-    throw FileError("the file cannot be written");
+    FailToWrite();
 }
 
 // A container closes the file that it is written to.
 inline void Close(const Owner<GsfOutput>& output) {
-  if (!gsf_output_is_closed(output.get()) && !gsf_output_close(output.get()))
-    throw FileError("the file cannot be written");
+  errno = 0;
+  if (!gsf_output_is_closed(output.get()) && !gsf_output_close(output.get())) FailToWrite();
 }
 
 }  // namespace quorval::gsf

@@ -1,7 +1,11 @@
+#include <array>
+#include <cerrno>
 #include <cmath>
+#include <fstream>
 #include <map>
 #include <optional>
 #include <string>
+#include <system_error>
 
 #include "core/conversion.h"
 #include "core/worksheet.h"
@@ -38,9 +42,19 @@ std::string Address(const std::filesystem::path& path) {
   return address + "?immutable=1";
 }
 
+// The library would not say why it cannot open a file.
+void CheckReadable(const std::filesystem::path& path) {
+  std::error_code error;
+  const auto status = std::filesystem::status(path, error);
+  if (error) Refuse(("cannot be read: " + WordsOf(error.value())).c_str());
+  if (!std::filesystem::is_regular_file(status)) Refuse("cannot be read: it is no ordinary file");
+  errno = 0;
+  if (!std::ifstream(path)) Refuse(("cannot be read: " + WordsOf(errno)).c_str());
+}
+
 // Read-only, without locks and journals of others, and without trust in what the file says.
 Database OpenUntrusted(const std::filesystem::path& path) {
-  if (!std::filesystem::is_regular_file(path)) Refuse("there is no such file");
+  CheckReadable(path);
   Database database = sqlite::Open(Address(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
   sqlite3_limit(database.get(), SQLITE_LIMIT_LENGTH, kLongestValue);
   sqlite3_limit(database.get(), SQLITE_LIMIT_SQL_LENGTH, 10000);
@@ -59,36 +73,34 @@ std::int64_t Pragma(const Database& database, std::string_view sql) {
 // That the tables are ours to the letter leaves no view, virtual table or computed column to read.
 void CheckSchema(const Database& database) {
   using namespace project_schema;
-  if (Pragma(database, "PRAGMA application_id") != kApplicationId)
-    Refuse("the file is no project file");
-  if (Pragma(database, "PRAGMA user_version") != kVersion)
-    Refuse("the file is of a version that is not known");
+  if (Pragma(database, "PRAGMA application_id") != kApplicationId) Refuse("not a project");
+  if (Pragma(database, "PRAGMA user_version") != kVersion) Refuse("another version");
   Statement count(database, "SELECT count(*) FROM sqlite_schema");
   if (!count.Step() || count.Integer(0) != static_cast<std::int64_t>(kTables.size()))
-    Refuse("the file's tables are not those of a project");
+    Refuse("damaged: its tables are not those of a project");
   Statement find(database, "SELECT 1 FROM sqlite_schema WHERE type = 'table' AND sql = ?");
   for (const Table& table : kTables) {
     find.Bind(1, table.sql);
-    if (!find.Step()) Refuse("the file's tables are not those of a project");
+    if (!find.Step()) Refuse("damaged: its tables are not those of a project");
     find.Reset();
   }
 }
 
 void CheckPages(const Database& database) {
   Statement check(database, "PRAGMA quick_check(1)");
-  if (!check.Step() || check.Text(0) != "ok") Refuse("the file is damaged");
+  if (!check.Step() || check.Text(0) != "ok") Refuse("damaged");
 }
 
 template <class Whole>
 Whole InRange(std::int64_t number, std::int64_t least, std::int64_t most) {
-  if (number < least || number > most) Refuse("the file holds a number that makes no sense");
+  if (number < least || number > most) Refuse("damaged: it holds a number that makes no sense");
   return static_cast<Whole>(number);
 }
 
 CellType TypeFrom(std::int64_t number) {
   for (CellType type : {CellType::kEdit, CellType::kPicture, CellType::kNumber})
     if (number == static_cast<std::int64_t>(type)) return type;
-  Refuse("the file holds a type of cell that is not known");
+  Refuse("damaged: it holds a type of cell that is not known");
 }
 
 using Looks = std::map<std::int64_t, CellLook>;
@@ -98,7 +110,7 @@ Looks ReadLooks(const Database& database) {
   Looks looks;
   Statement look(database, "SELECT * FROM look");
   while (look.Step()) {
-    if (looks.size() == kMostLooks) Refuse("the file holds too many looks");
+    if (looks.size() == kMostLooks) Refuse("damaged: it holds too many looks");
     looks[look.Integer(0)] = {
         .type = TypeFrom(look.Integer(1)),
         .decimals = InRange<std::uint8_t>(look.Integer(2), 0, 30),
@@ -117,7 +129,7 @@ Pictures ReadPictures(const Database& database) {
   Pictures pictures;
   Statement picture(database, "SELECT id, image FROM picture");
   while (picture.Step()) {
-    if (pictures.size() == kMostPictures) Refuse("the file holds too many pictures");
+    if (pictures.size() == kMostPictures) Refuse("damaged: it holds too many pictures");
     pictures[picture.Integer(0)] = std::make_shared<const std::string>(picture.Blob(1));
   }
   return pictures;
@@ -126,7 +138,7 @@ Pictures ReadPictures(const Database& database) {
 template <class Key, class Value>
 const Value& Known(const std::map<Key, Value>& values, Key key) {
   const auto found = values.find(key);
-  if (found == values.end()) Refuse("a cell of the file has a look or picture that is missing");
+  if (found == values.end()) Refuse("damaged: a cell has a look or picture that is missing");
   return found->second;
 }
 
@@ -160,6 +172,15 @@ SavedGrid ReadCells(const Database& database) {
 
 }  // namespace
 
+bool IsProjectFile(const std::filesystem::path& path) {
+  constexpr std::string_view kSignature{"SQLite format 3", 16};
+  std::array<char, kSignature.size()> bytes{};
+  if (!std::filesystem::is_regular_file(path)) return false;
+  std::ifstream file(path, std::ios::binary);
+  return file.read(bytes.data(), bytes.size()) &&
+         std::string_view(bytes.data(), bytes.size()) == kSignature;
+}
+
 SavedGrid ReadProjectFile(const std::filesystem::path& path) {
   const Database database = OpenUntrusted(path);
   CheckSchema(database);
@@ -167,7 +188,7 @@ SavedGrid ReadProjectFile(const std::filesystem::path& path) {
   try {
     return ReadCells(database);
   } catch (const Fault&) {
-    Refuse("the file holds a number that is not finite");
+    Refuse("damaged: it holds a number that is not finite");
   }
 }
 

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
 #include <string>
 #include <system_error>
 
@@ -17,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void Throw() { throw FileError(std::strerror(errno)); }
+[[noreturn]] void Throw() { throw FileError(WordsOf(errno)); }
 
 // A link stays a link: what it points to is replaced.
 fs::path Resolved(const fs::path& target) {

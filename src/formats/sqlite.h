@@ -19,8 +19,18 @@ struct Close {
 using Database = std::unique_ptr<sqlite3, Close>;
 
 inline void Check(sqlite3* database, int code) {
-  if (code != SQLITE_OK && code != SQLITE_DONE && code != SQLITE_ROW)
-    throw FileError(sqlite3_errmsg(database));
+  if (code == SQLITE_OK || code == SQLITE_DONE || code == SQLITE_ROW) return;
+  switch (code & 0xFF) {
+    case SQLITE_NOTADB:
+      throw FileError("not a project");
+    case SQLITE_CORRUPT:
+      throw FileError("damaged");
+    case SQLITE_FULL:
+      throw FileError("the disk is full");
+    default:  // the number is that of a failed opening, reading or writing; else 0
+      const int error_number = sqlite3_system_errno(database);
+      throw FileError(error_number != 0 ? WordsOf(error_number) : sqlite3_errmsg(database));
+  }
 }
 
 inline Database Open(const std::string& name, int flags) {

@@ -1,10 +1,10 @@
 #include "formats/worksheet_file.h"
 
-#include <algorithm>
 #include <iterator>
 #include <string_view>
 #include <utility>
 
+#include "core/file_name.h"
 #include "formats/file_error.h"
 #include "formats/ods.h"
 #include "formats/separated_values.h"
@@ -29,17 +29,10 @@ constexpr Format kFormats[] = {
     {".tsv", ReadTabSeparated, WriteTabSeparated},
 };
 
-std::string LowerCase(std::string text) {
-  std::ranges::transform(text, text.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-  });
-  return text;
-}
-
 using CanUse = bool (*)(const Format&);
 
 const Format& FormatOf(const std::filesystem::path& path, CanUse can_use) {
-  const std::string extension = LowerCase(path.extension().string());
+  const std::string extension = ExtensionOf(path);
   std::string known;
   for (const Format& format : kFormats) {
     if (!can_use(format)) continue;
@@ -69,7 +62,11 @@ std::optional<std::string> ReadWorksheet(const std::filesystem::path& path, Work
 }
 
 std::optional<std::string> WriteGrid(const std::filesystem::path& path, const Grid& grid) {
-  return WhyNot(path, [&] { FormatOf(path, IsWritten).write(path, grid); });
+  return WhyNot(path, [&] { WriteGridFile(path, grid); });
+}
+
+void WriteGridFile(const std::filesystem::path& path, const Grid& grid) {
+  FormatOf(path, IsWritten).write(path, grid);
 }
 
 bool CanWrite(const std::filesystem::path& path) {

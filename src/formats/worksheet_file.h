@@ -17,6 +17,9 @@ std::optional<std::string> ReadWorksheet(const std::filesystem::path& path, Work
 // what is returned says why.
 std::optional<std::string> WriteGrid(const std::filesystem::path& path, const Grid& grid);
 
+// The same, by a FileError that does not name the file.
+void WriteGridFile(const std::filesystem::path& path, const Grid& grid);
+
 // Whether WriteGrid() knows the extension.
 bool CanWrite(const std::filesystem::path& path);
 
