@@ -1,9 +1,11 @@
 #include <array>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <optional>
 #include <string>
+#include <system_error>
 
 #include "core/conversion.h"
 #include "core/worksheet.h"
@@ -36,6 +38,12 @@ std::string Address(const std::filesystem::path& path) {
     }
   }
   return address;
+}
+
+// The library would not say why it cannot open a file.
+void CheckReadable(const std::filesystem::path& path) {
+  errno = 0;
+  if (!std::ifstream(path)) Refuse(("cannot be read: " + WordsOf(errno)).c_str());
 }
 
 // Whether the file was left in the mode of a write-ahead log, by the numbers of the versions that
@@ -94,30 +102,28 @@ std::int64_t Pragma(const Database& database, std::string_view sql) {
 // That the tables are ours to the letter leaves no view, virtual table or computed column to read.
 void CheckSchema(const Database& database) {
   using namespace project_schema;
-  if (Pragma(database, "PRAGMA application_id") != kApplicationId)
-    Refuse("the file is no project file");
-  if (Pragma(database, "PRAGMA user_version") != kVersion)
-    Refuse("the file is of a version that is not known");
+  if (Pragma(database, "PRAGMA application_id") != kApplicationId) Refuse("not a project");
+  if (Pragma(database, "PRAGMA user_version") != kVersion) Refuse("another version");
   Statement count(database, "SELECT count(*) FROM sqlite_schema");
   if (!count.Step() || count.Integer(0) != static_cast<std::int64_t>(kTables.size()))
-    Refuse("the file's tables are not those of a project");
+    Refuse("damaged: its tables are not those of a project");
   Statement find(database, "SELECT 1 FROM sqlite_schema WHERE type = 'table' AND sql = ?");
   for (const Table& table : kTables) {
     find.Bind(1, table.sql);
-    if (!find.Step()) Refuse("the file's tables are not those of a project");
+    if (!find.Step()) Refuse("damaged: its tables are not those of a project");
     find.Reset();
   }
 }
 
 void CheckPages(const Database& database) {
   Statement check(database, "PRAGMA quick_check(1)");
-  if (!check.Step() || check.Text(0) != "ok") Refuse("the file is damaged");
+  if (!check.Step() || check.Text(0) != "ok") Refuse("damaged");
 }
 
 // A column's type binds no value in it: a word may stand among the numbers, and would be taken for
 // 0.
 void Expect(bool right_kind) {
-  if (!right_kind) Refuse("the file holds a value of another kind than its column");
+  if (!right_kind) Refuse("damaged: it holds a value of another kind than its column");
 }
 
 std::int64_t WholeIn(Statement& row, int column) {
@@ -142,14 +148,14 @@ std::string_view BytesIn(Statement& row, int column) {
 
 template <class Whole>
 Whole InRange(std::int64_t number, std::int64_t least, std::int64_t most) {
-  if (number < least || number > most) Refuse("the file holds a number that makes no sense");
+  if (number < least || number > most) Refuse("damaged: it holds a number that makes no sense");
   return static_cast<Whole>(number);
 }
 
 CellType TypeFrom(std::int64_t number) {
   for (CellType type : {CellType::kEdit, CellType::kPicture, CellType::kNumber})
     if (number == static_cast<std::int64_t>(type)) return type;
-  Refuse("the file holds a type of cell that is not known");
+  Refuse("damaged: it holds a type of cell that is not known");
 }
 
 using Looks = std::map<std::int64_t, CellLook>;
@@ -159,7 +165,7 @@ Looks ReadLooks(const Database& database) {
   Looks looks;
   Statement look(database, "SELECT * FROM look");
   while (look.Step()) {
-    if (looks.size() == limits::kLooks) Refuse("the file holds too many looks");
+    if (looks.size() == limits::kLooks) Refuse("damaged: it holds too many looks");
     looks[WholeIn(look, 0)] = {
         .type = TypeFrom(WholeIn(look, 1)),
         .decimals = InRange<std::uint8_t>(WholeIn(look, 2), 0, 30),
@@ -178,7 +184,7 @@ Pictures ReadPictures(const Database& database) {
   Pictures pictures;
   Statement picture(database, "SELECT id, image FROM picture");
   while (picture.Step()) {
-    if (pictures.size() == limits::kPictures) Refuse("the file holds too many pictures");
+    if (pictures.size() == limits::kPictures) Refuse("damaged: it holds too many pictures");
     pictures[WholeIn(picture, 0)] = std::make_shared<const std::string>(BytesIn(picture, 1));
   }
   return pictures;
@@ -187,7 +193,7 @@ Pictures ReadPictures(const Database& database) {
 template <class Key, class Value>
 const Value& Known(const std::map<Key, Value>& values, Key key) {
   const auto found = values.find(key);
-  if (found == values.end()) Refuse("a cell of the file has a look or picture that is missing");
+  if (found == values.end()) Refuse("damaged: a cell has a look or picture that is missing");
   return found->second;
 }
 
@@ -226,8 +232,18 @@ SavedGrid ReadCells(const Database& database, Budget& budget) {
 
 }  // namespace
 
+bool IsProjectFile(const std::filesystem::path& path) {
+  constexpr std::string_view kSignature{"SQLite format 3", 16};
+  std::array<char, kSignature.size()> bytes{};
+  if (!std::filesystem::is_regular_file(path)) return false;
+  std::ifstream file(path, std::ios::binary);
+  return file.read(bytes.data(), bytes.size()) &&
+         std::string_view(bytes.data(), bytes.size()) == kSignature;
+}
+
 SavedGrid ReadProjectFile(const std::filesystem::path& named) {
   RequireRegularFile(named);
+  CheckReadable(named);
   const std::filesystem::path path = std::filesystem::canonical(named);  // where its log would be
   const bool has_log = HasLog(path);
   const auto last_written = std::filesystem::last_write_time(path);
@@ -240,7 +256,7 @@ SavedGrid ReadProjectFile(const std::filesystem::path& named) {
     if (has_log) RefuseChangesSince(last_written, path);
     return saved;
   } catch (const Fault&) {
-    Refuse("the file holds a number that is not finite");
+    Refuse("damaged: it holds a number that is not finite");
   }
 }
 

@@ -19,20 +19,31 @@ struct Close {
 using Database = std::unique_ptr<sqlite3, Close>;
 
 // In our words where the library's would not tell a user what to do.
-inline const char* WordsOf(sqlite3* database) {
+inline std::string WordsOf(sqlite3* database, int code) {
   switch (sqlite3_extended_errcode(database)) {
     case SQLITE_BUSY:
       return "another program is writing the file";
     case SQLITE_READONLY_ROLLBACK:
       return "another program broke off while it wrote the file: open the file there first";
     default:
-      return sqlite3_errmsg(database);
+      break;
+  }
+  switch (code & 0xFF) {
+    case SQLITE_NOTADB:
+      return "not a project";
+    case SQLITE_CORRUPT:
+      return "damaged";
+    case SQLITE_FULL:
+      return "the disk is full";
+    default:  // the number is that of a failed opening, reading or writing; else 0
+      const int error_number = sqlite3_system_errno(database);
+      return error_number != 0 ? quorval::WordsOf(error_number) : sqlite3_errmsg(database);
   }
 }
 
 inline void Check(sqlite3* database, int code) {
-  if (code != SQLITE_OK && code != SQLITE_DONE && code != SQLITE_ROW)
-    throw FileError(WordsOf(database));
+  if (code == SQLITE_OK || code == SQLITE_DONE || code == SQLITE_ROW) return;
+  throw FileError(WordsOf(database, code));
 }
 
 inline Database Open(const std::string& name, int flags) {
