@@ -74,7 +74,7 @@ std::size_t Form::IndexOf(std::string_view key) const {
 const std::string& Form::TextOf(std::string_view key) const { return texts_[IndexOf(key)]; }
 
 const std::string& Form::Read(const Field& field) const {
-  listener_.last_read = &field;
+  listener_.last_read = field.key;
   return Text(field);
 }
 
@@ -88,7 +88,7 @@ auto Form::ReadWhole(const Field& field, Convert&& convert) const {
     Note(field, IsNumber(text) ? ", which is too large"
                 : text.empty() ? ""
                                : ", which is no number");
-    throw Fault{fault.kind, listener_.notices != nullptr};
+    throw Fault{fault.kind, listener_.notices.has_value()};
   }
 }
 
@@ -127,18 +127,18 @@ bool Form::HoldsNumber(const Field& field) const {
 
 Form::Listening::Listening(const Form& form, Notices& notices)
     : form_(form), before_(form.listener_.notices) {
-  form.listener_.notices = &notices;
-  form.listener_.last_read = form.listener_.last_noted = nullptr;
+  form.listener_.notices = notices;
+  form.listener_.last_read = form.listener_.last_noted = {};
 }
 
 Form::Listening::~Listening() { form_.listener_.notices = before_; }
 
 void Form::Note(const Field& field, std::string_view outcome) const {
-  listener_.last_noted = &field;
-  if (listener_.notices == nullptr) return;
+  listener_.last_noted = field.key;
+  if (!listener_.notices) return;
   const std::string& text = Text(field);
   quorval::Note(
-      *listener_.notices,
+      listener_.notices->get(),
       {"field", "the field \"" + NameOf(field) + "\" " +
                     (text.empty() ? "is empty" : "holds \"" + text + "\"") + std::string(outcome)});
 }
@@ -197,8 +197,8 @@ const Rule* Form::BrokenRule(Notices& notices) const {
     const Listening listening(*this, readings);
     if (!IsBroken(rule, *this)) continue;
     // A rule looks no further than the field that breaks it.
-    const Field* const culprit = listener_.last_read;
-    if (culprit != nullptr && culprit != listener_.last_noted) Note(*culprit, "");
+    const Field* const culprit = Find(listener_.last_read);
+    if (culprit != nullptr && culprit->key != listener_.last_noted) Note(*culprit, "");
     for (Notice& notice : readings) quorval::Note(notices, std::move(notice));
     return &rule;
   }

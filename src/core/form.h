@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,7 +49,7 @@ class Form {
 
    private:
     const Form& form_;
-    Notices* const before_;
+    const std::optional<std::reference_wrapper<Notices>> before_;
   };
   // Notes what the field holds and, right after it, what came of that.
   void Note(const Field& field, std::string_view outcome) const;
@@ -73,9 +75,8 @@ class Form {
  private:
   // Where notices go; of one form alone, since a copy is read by somebody else.
   struct Listener {
-    Notices* notices = nullptr;
-    const Field* last_read = nullptr;
-    const Field* last_noted = nullptr;
+    std::optional<std::reference_wrapper<Notices>> notices;
+    std::string_view last_read, last_noted;  // keys of fields
     Listener() = default;
     Listener(const Listener&) {}
     Listener& operator=(const Listener&) { return *this; }

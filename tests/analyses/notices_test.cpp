@@ -186,6 +186,13 @@ TEST(Notices, TellWhereTheArithmeticEnds) {
   EXPECT_THAT(line.boxes, testing::ElementsAre("Error occurred"));
   ASSERT_EQ(line.notices.size(), 1U);
   EXPECT_EQ(line.notices[0].kind, "arithmetic");
+  const Transcript falling = RunAnalysis(
+      regression::kPassingBablok, {{"1", "2", "3", "4", "5", "6"}, {"6", "5", "3", "4", "1", "2"}});
+  EXPECT_THAT(falling.boxes, testing::ElementsAre("Error occurred"));
+  EXPECT_EQ(falling.notices,
+            Notices({{"arithmetic",
+                      "the rank correlation of x and y is -0.8857, and the slopes want one above "
+                      "0"}}));
   // Claimed by a routine of its own words.
   const Transcript plot = RunAnalysis(
       diagnostic::kDiagnostic,

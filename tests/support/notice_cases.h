@@ -42,7 +42,7 @@ inline Worksheet SoundWorksheet() {
 inline std::vector<NoticeCase> NoticeCases() {
   const std::vector<std::string> unequal{"Unequal number of observations in columns: No analysis",
                                          "Error occurred"};
-  const std::vector<std::string> error{"Error occurred"}, two_errors{"Error", "Error"};
+  const std::vector<std::string> error{"Error occurred"};
   const std::vector<std::string> option{"Incompatible option value(s)"};
   const std::vector<std::string> thirty{"Selected column no. < 1 or > 30!"};
   const std::string difference_failure = "Error occurred in Difference Plot analysis";
