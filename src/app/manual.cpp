@@ -79,6 +79,16 @@ Manual::Manual(const std::filesystem::path& folder) {
   }
 }
 
+bool Manual::TellsMessage(std::string_view box) const {
+  const auto first = box.find_first_not_of(' ');
+  if (first == std::string_view::npos) return false;
+  const std::string quoted =
+      '"' + std::string(box.substr(first, box.find_last_not_of(' ') - first + 1)) + '"';
+  return std::ranges::any_of(entries_, [&](const ManualEntry& entry) {
+    return entry.file == kMessagesPage && entry.text.find(quoted) != std::string::npos;
+  });
+}
+
 std::vector<ManualHit> Manual::Search(std::string_view words) const {
   std::istringstream stream(Lower(words));
   const std::vector<std::string> wanted{std::istream_iterator<std::string>(stream), {}};

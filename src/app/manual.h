@@ -21,6 +21,9 @@ struct ManualHit {
   std::string excerpt;  // the first line that holds one of the words
 };
 
+// The page that tells every message box, each in double quotes.
+inline constexpr std::string_view kMessagesPage = "messages.md";
+
 class Manual {
  public:
   // Empty where the folder has no contents.md.
@@ -29,6 +32,8 @@ class Manual {
   const std::vector<ManualEntry>& entries() const { return entries_; }
   // The pages that hold every one of the words, whatever their case; the most telling first.
   std::vector<ManualHit> Search(std::string_view words) const;
+  // Whether the page of messages tells of a box; blanks around its text do not count.
+  bool TellsMessage(std::string_view box) const;
 
  private:
   std::vector<ManualEntry> entries_;

@@ -1,6 +1,7 @@
 #include "app/results_files.h"
 
 #include "app/sheet_files.h"
+#include "core/file_name.h"
 
 namespace quorval {
 namespace {
@@ -12,18 +13,23 @@ FileQuestion SaveQuestion(const Procedure& procedure, const Context& context) {
   const bool regression = procedure.menu.save == FileMenu{}.save;
   return {.title = regression ? "Save as " : "Save As",
           .filters = {"Quorval Results File (.qvl)|*.qvl"},
-          .proposed_name = ProposedName(context),
+          .proposed_name = FileNameOf(ProposedName(context)),
           .default_extension = regression ? ".qvl" : ""};
 }
 
 }  // namespace
 
 void SaveResults(Platform& platform, ResultsWindow& window, const Context& context) {
-  SaveSheet(platform, window.sheet.grid(), kResultsMarkers, [&] {
-    // No name, of which no file comes, is what a cancelled dialog reports.
-    return platform.AskSave(SaveQuestion(*window.procedure, context))
-        .value_or(std::filesystem::path{});
+  Notices notices;
+  SheetEditor editor(window.sheet.grid());
+  SaveSheet(platform, editor, kResultsMarkers, notices, [&] {
+    const auto path = platform.AskSave(SaveQuestion(*window.procedure, context));
+    if (!path) return;
+    const auto failure =
+        WhyFailed(platform, [&] { WriteProjectFile(*path, window.sheet.grid(), kResultsMarkers); });
+    NoteSave(*path, failure, notices);
   });
+  platform.ShowNotices(notices);
 }
 
 void ExportResults(Platform& platform, const ResultsWindow& window, const Context& context) {

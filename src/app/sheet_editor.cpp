@@ -15,6 +15,29 @@ void ForEachCell(const CellRange& range, Visit visit) {
     for (int row = range.row; row <= range.last_row; ++row) visit(column, row);
 }
 
+// The first and the last row of a column that differ; the first behind the last where none does.
+std::pair<int, int> ChangedRows(const Grid& before, const Grid& now, int column) {
+  int last = std::max(before.UsedRows(column), now.UsedRows(column));
+  while (last > 0 && before.At(column, last) == now.At(column, last)) --last;
+  int first = 1;
+  while (first < last && before.At(column, first) == now.At(column, first)) ++first;
+  return {first, last};
+}
+
+// Around all cells that differ.
+CellRange ChangedRange(const Grid& before, const Grid& now) {
+  CellRange range{0, 0, 0, 0};
+  for (int column = 1; column <= now.Columns(); ++column) {
+    const auto [row, last_row] = ChangedRows(before, now, column);
+    if (row > last_row) continue;
+    if (range.column == 0) range = {column, row, column, last_row};
+    range.row = std::min(range.row, row);
+    range.last_column = column;
+    range.last_row = std::max(range.last_row, last_row);
+  }
+  return range.column == 0 ? CellRange{} : range;
+}
+
 }  // namespace
 
 CellRange SheetEditor::Used(CellRange range) const {
@@ -32,7 +55,7 @@ void SheetEditor::Clear(CellRange range) {
   range = Used(range);
   Remember(range);
   ForEachCell(range, [&](int column, int row) {
-    if (grid_.At(column, row).picture) grid_.Edit(column, row) = Cell{};
+    if (grid_.At(column, row).picture) grid_.Put(column, row, {});
     grid_.SetText(column, row, {});
   });
 }
@@ -79,26 +102,73 @@ void SheetEditor::Forget() {
   done_ = held_cells_ = 0;
 }
 
+void SheetEditor::Do(const std::function<void()>& work, const std::function<Exchange()>& beside) {
+  Grid before = grid_;
+  const auto remember = [&] {
+    Step step{ChangedRange(before, grid_), {}, beside ? beside() : Exchange{}};
+    for (int column = 1; column <= grid_.Columns(); ++column) {
+      const auto [row, last_row] = ChangedRows(before, grid_, column);
+      if (row > last_row) continue;
+      Block& block = step.blocks.emplace_back(Block{column, row, last_row, {}});
+      const int held = std::min(last_row, before.UsedRows(column));
+      for (int i = row; i <= held; ++i) block.others.push_back(before.At(column, i));
+    }
+    if (!step.blocks.empty() || step.exchange) Add(std::move(step));
+  };
+  try {
+    work();
+  } catch (...) {
+    remember();
+    throw;
+  }
+  remember();
+}
+
+std::size_t SheetEditor::Step::HeldCells() const {
+  std::size_t cells = 0;
+  for (const Block& block : blocks) cells += block.others.size();
+  return cells;
+}
+
 void SheetEditor::Remember(const CellRange& range) {
-  for (; steps_.size() > done_; steps_.pop_back()) held_cells_ -= steps_.back().others.size();
   Step step{range, {}};
-  ForEachCell(range, [&](int column, int row) { step.others.push_back(grid_.At(column, row)); });
-  held_cells_ += step.others.size();
+  for (int column = range.column; column <= range.last_column; ++column) {
+    Block& block = step.blocks.emplace_back(Block{column, range.row, range.last_row, {}});
+    const int held = std::min(range.last_row, grid_.UsedRows(column));
+    for (int row = range.row; row <= held; ++row) block.others.push_back(grid_.At(column, row));
+  }
+  Add(std::move(step));
+}
+
+void SheetEditor::Add(Step step) {
+  for (; steps_.size() > done_; steps_.pop_back()) held_cells_ -= steps_.back().HeldCells();
+  held_cells_ += step.HeldCells();
   steps_.push_back(std::move(step));
   while (steps_.size() > 1 && held_cells_ > kMostHeldCells) {
-    held_cells_ -= steps_.front().others.size();
+    held_cells_ -= steps_.front().HeldCells();
     steps_.erase(steps_.begin());
   }
   done_ = steps_.size();
 }
 
 CellRange SheetEditor::Swap(Step& step) {
-  std::size_t i = 0;
-  ForEachCell(step.range, [&](int column, int row) {
-    Cell& other = step.others[i++];
-    if (!(other == grid_.At(column, row))) std::swap(other, grid_.Edit(column, row));
-  });
+  held_cells_ -= step.HeldCells();
+  for (Block& block : step.blocks) Swap(block);
+  held_cells_ += step.HeldCells();
+  if (step.exchange) step.exchange();
   return step.range;
+}
+
+void SheetEditor::Swap(Block& block) {
+  const int used = std::min(block.last_row, grid_.UsedRows(block.column));
+  const auto held = static_cast<std::size_t>(std::max(0, used - block.row + 1));
+  if (held > block.others.size()) block.others.resize(held);
+  for (std::size_t i = 0; i < block.others.size(); ++i) {
+    const int row = block.row + static_cast<int>(i);
+    Cell& other = block.others[i];
+    Cell now = grid_.At(block.column, row);
+    if (!(other == now)) grid_.Put(block.column, row, std::exchange(other, std::move(now)));
+  }
 }
 
 }  // namespace quorval

@@ -1,6 +1,7 @@
-// What a user does to a sheet by keys and clipboard, and back again.
+// What is done to a sheet, by keys and clipboard or by a command, and back again.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -32,6 +33,15 @@ class SheetEditor {
   // Writes the block from the selection's first cell on.  A block of one cell fills the selection.
   Pasted Paste(const CellRange& selection, const TextBlock& block);
 
+  // What exchanges all that belongs to a step beside the cells with its other side: called each
+  // time that the step is taken back or again.
+  using Exchange = std::function<void()>;
+  // Does a command's work on the sheet as one step, even where the work throws.  `beside` is asked
+  // after the work; it may return nothing.
+  void Do(const std::function<void()>& work, const std::function<Exchange()>& beside = {});
+
+  Grid& grid() const { return grid_; }
+
   // The part of a range that lies within the used area, and its first cell at the least.
   CellRange Used(CellRange range) const;
 
@@ -42,13 +52,24 @@ class SheetEditor {
   void Forget();
 
  private:
+  // Cells of one column below each other, as they are on the step's other side.  Those behind the
+  // last one that is held are empty.
+  struct Block {
+    int column, row, last_row;
+    std::vector<Cell> others;
+  };
   struct Step {
     CellRange range;
-    std::vector<Cell> others;  // the cells as they are on the step's other side, column by column
+    std::vector<Block> blocks;
+    Exchange exchange{};
+
+    std::size_t HeldCells() const;
   };
 
   void Remember(const CellRange& range);
+  void Add(Step step);
   CellRange Swap(Step& step);
+  void Swap(Block& block);
 
   Grid& grid_;
   std::vector<Step> steps_;

@@ -59,19 +59,30 @@ void Workbench::Tell(std::string_view text) { platform_.Show({.text = std::strin
 // --- The project
 
 bool Workbench::ImportExample(const Example& example) {
+  bool taken = true;
+  project_.Do([&] { taken = TakeExample(example); });
+  return taken;
+}
+
+bool Workbench::TakeExample(const Example& example) {
   const auto take = [&](const ExampleProject& to) { project_.TakeExample(to.name, to.note); };
   if (example.question == ExampleQuestion::kAfterClearing) {
     take(example.before_clearing);
-    ClearWorksheet();
+    worksheet().Clear();
   }
   if (example.question != ExampleQuestion::kNever && !files_.MayReplace()) return false;
   try {
     take(example.project);
     WriteExample(example, worksheet());
+    project_.MarkKept();
   } catch (const std::exception&) {
     Tell(example.failure);
   }
   return true;
+}
+
+void Workbench::ClearWorksheet() {
+  project_.Do([&] { worksheet().Clear(); });
 }
 
 void Workbench::PrintWorksheet() {
@@ -110,8 +121,10 @@ OpenAnalysis& Workbench::Open(const Analysis& analysis) {
 
 Outcome Workbench::PressOk(OpenAnalysis& open) {
   const WaitPointer wait(platform_);
-  if (const Rule* broken = open.form.BrokenRule()) {
+  Notices notices;
+  if (const Rule* broken = open.form.BrokenRule(notices)) {
     RunMessages(platform_).Tell(broken->words);
+    platform_.ShowNotices(notices);
     return Outcome::kRefused;
   }
   ResultsWindow window = RunProcedure(open);
@@ -212,7 +225,8 @@ Outcome Workbench::PressOk(const Tool& tool, const Form& form) {
   const WaitPointer wait(platform_);
   RunMessages messages(platform_);
   ToolRun run{form, worksheet(), messages};
-  const Outcome outcome = Guard(messages, tool.failure, [&] { tool.run(run); });
+  Outcome outcome = Outcome::kRefused;
+  project_.Do([&] { outcome = Execute(tool, run); });
   platform_.ShowNotices(run.notices);
   return outcome;
 }

@@ -36,7 +36,7 @@ class Workbench {
   // An example in the project's place; false when the user would rather keep the data.
   bool ImportExample(const Example& example);
   // Empties the worksheet without a question; name and note stay.
-  void ClearWorksheet() { worksheet().Clear(); }
+  void ClearWorksheet();
   void PrintWorksheet();
   // With no header and footer, as the toolbar does.
   void PrintWorksheetAtOnce();
@@ -89,6 +89,7 @@ class Workbench {
   void ShowTutorial();
 
  private:
+  bool TakeExample(const Example& example);
   // Keeps the fields of the dialogs behind the buttons.
   void Leave(const OpenAnalysis& open);
   ResultsWindow RunProcedure(const OpenAnalysis& open);

@@ -2,6 +2,9 @@
 
 #include "batch/commands.h"
 #include "batch/lookup.h"
+#include "core/file_name.h"
+#include "formats/file_error.h"
+#include "formats/project_file.h"
 #include "formats/worksheet_file.h"
 
 namespace quorval {
@@ -12,9 +15,17 @@ auto Keep(std::optional<std::string>& to) {
   return [&to](const std::string& text) { to = text; };
 }
 
+void LoadProject(const std::string& file, Workbench& workbench) {
+  try {
+    workbench.files().Load(file);
+  } catch (const FileError& error) {
+    throw Unusable(file + ": " + error.what());
+  }
+}
+
 void LoadFile(const std::string& file, Workbench& workbench) {
-  if (std::filesystem::path(file).extension() == ".qvl") {
-    if (!workbench.files().OpenFile(file)) throw Unusable(file + ": the file is no project");
+  if (ExtensionOf(file) == ".qvl" || IsProjectFile(file)) {
+    LoadProject(file, workbench);
   } else if (const auto error = ReadWorksheet(file, workbench.worksheet())) {
     throw Unusable(*error);
   }

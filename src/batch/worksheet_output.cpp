@@ -3,6 +3,8 @@
 #include "app/results_files.h"
 #include "batch/commands.h"
 #include "batch/outputs.h"
+#include "core/file_name.h"
+#include "formats/file_error.h"
 #include "formats/worksheet_file.h"
 
 namespace quorval {
@@ -18,7 +20,7 @@ void WriteWorksheetFile(const std::string& file, const Workbench& workbench,
                         const ExportOptions& options, Platform& platform) {
   const Grid& grid = workbench.project().worksheet().grid();
   const Context& context = workbench.project().context();
-  if (std::filesystem::path(file).extension() == ".qvl") {
+  if (ExtensionOf(file) == ".qvl") {
     WriteProject(file, grid, {context.ProjectName, context.ProjectNote});
   } else {
     WriteExport(file, grid, options, platform);

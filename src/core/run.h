@@ -26,7 +26,7 @@ struct Run {
   const Rejection* repeated = nullptr;   // a re-analysis: its data are what this one retained
   std::vector<Plot> plots{};             // in the order in which they were filled
   std::optional<Rejection> rejection{};  // where points were marked that a repetition may leave out
-  Notices notices{};
+  Notices notices{};                     // what no box tells
 
   [[noreturn]] void Refuse(std::string_view words) const {
     messages.Tell(words);

@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTextBrowser>
@@ -57,6 +58,17 @@ void HelpWindow::ShowPage(const std::filesystem::path& file) {
   const auto items = contents_->findItems("*", Qt::MatchWildcard | Qt::MatchRecursive);
   for (QTreeWidgetItem* item : items)
     if (item->data(0, kFileRole).toString() == relative) contents_->setCurrentItem(item);
+}
+
+void HelpWindow::ShowMessageEntry(const std::string& text) {
+  constexpr int kAbove = 60;  // pixels, for what stands above the entry
+  tabs_->setCurrentIndex(0);
+  ShowPage(kMessagesPage);
+  const QString words = "\"" + ToQt(text).trimmed() + "\"";
+  page_->moveCursor(QTextCursor::Start);
+  if (!page_->find(words) && !page_->find(words.simplified())) return;
+  QScrollBar& bar = *page_->verticalScrollBar();
+  bar.setValue(bar.value() + page_->cursorRect().top() - kAbove);
 }
 
 void HelpWindow::ShowContents() {

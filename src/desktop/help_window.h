@@ -23,7 +23,11 @@ class HelpWindow : public QMainWindow {
   // A Markdown file; its path is relative to the manual's folder, or absolute.
   void ShowPage(const std::filesystem::path& file);
   void ShowContents();
+  // The page of messages, at what it tells of a box.
+  void ShowMessageEntry(const std::string& text);
   void ShowSearch();
+
+  const Manual& manual() const { return manual_; }
 
  private:
   QWidget* MakeContents();

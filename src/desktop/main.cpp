@@ -19,6 +19,6 @@ int main(int argc, char** argv) {
   platform.ShowNoticesBy([&window](const auto& notices) { window.ShowNotices(notices); });
   window.Start();
   if (const QStringList files = QApplication::arguments().mid(1); !files.isEmpty())
-    window.OpenProject(quorval::FromQt(files.first()));
+    window.TakeFile(quorval::FromQt(files.first()));
   return QApplication::exec();
 }

@@ -70,7 +70,7 @@ MainWindow::MainWindow(Workbench& workbench, Platform& platform)
   setObjectName("main");
   setAcceptDrops(true);
   QApplication::setWindowIcon(QIcon(":/icons/quorval.svg"));
-  sheet_ = new SheetView(workbench.worksheet().grid(), 0, this);
+  sheet_ = new SheetView(workbench.project().editor(), 0, this);
   sheet_->setAccessibleName("Worksheet");
   auto* const centre = new QWidget;
   auto* const layout = new QVBoxLayout(centre);
@@ -80,7 +80,14 @@ MainWindow::MainWindow(Workbench& workbench, Platform& platform)
   connect(sheet_, &SheetView::Told, this,
           [this](const QString& text) { statusBar()->showMessage(text); });
 
+  connect(sheet_, &SheetView::Stepped, this, &MainWindow::Refresh);
   connect(&desk_, &Desk::WorksheetChanged, this, &MainWindow::Refresh);
+  workbench.files().WhenEmptied([this] {
+    emptied_ = true;
+    CloseNotePage();
+    sheet_->ResetColumns();
+    Refresh();
+  });
 
   MakeHandlers();
   for (const MenuItem& item : MainMenu()) {
@@ -100,7 +107,12 @@ MainWindow::MainWindow(Workbench& workbench, Platform& platform)
 void MainWindow::Start() {
   PlaceAsStored();
   showMaximized();
-  (new StartWindow(this))->show();
+  auto* const start = new StartWindow(workbench_.files(), this);
+  connect(start, &StartWindow::Recovered, this, [this] {
+    Refresh();
+    sheet_->FitColumns();
+  });
+  start->show();
 }
 
 void MainWindow::ShowNotices(const Notices& notices) {
@@ -115,6 +127,11 @@ QAction* MainWindow::ActionOf(Command command) const {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+  sheet_->EndEditing();
+  if (!workbench_.files().KeepUnsaved() && !warned_of_loss_) {
+    warned_of_loss_ = true;  // the notice is seen; the next time the window closes
+    return event->ignore();
+  }
   event->accept();
   desk_.CloseAll();
   for (QWidget* window : QApplication::topLevelWidgets())
@@ -124,10 +141,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::MakeHandlers() {
   const auto on_project = [this](void (ProjectFiles::*command)()) {
-    return [this, command] {
-      (workbench_.files().*command)();
-      Refresh();
-    };
+    return [this, command] { DoOnProject([this, command] { (workbench_.files().*command)(); }); };
   };
   handlers_[Command::kNewProject] = on_project(&ProjectFiles::New);
   handlers_[Command::kOpenProject] = on_project(&ProjectFiles::Open);
@@ -259,7 +273,7 @@ QWidget* MainWindow::MakeProjectLine() {
 }
 
 void MainWindow::TakeExample(const Example& example) {
-  workbench_.ImportExample(example);
+  if (workbench_.ImportExample(example)) CloseNotePage();
   Refresh();
 }
 
@@ -271,13 +285,21 @@ void MainWindow::OpenNotePage() {
   note->activateWindow();
 }
 
-void MainWindow::OpenProject(const std::filesystem::path& path) {
-  sheet_->EndEditing();
-  workbench_.files().OpenFile(path);
+void MainWindow::CloseNotePage() { delete findChild<NoteView*>(); }
+
+void MainWindow::DoOnProject(const std::function<void()>& command) {
+  emptied_ = false;
+  command();
   Refresh();
+  if (emptied_) sheet_->FitColumns();
 }
 
-// One file of this machine can be dropped: a project.
+void MainWindow::TakeFile(const std::filesystem::path& path) {
+  sheet_->EndEditing();
+  DoOnProject([&] { workbench_.files().Take(path); });
+}
+
+// One file of this machine can be dropped.
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
   const QList<QUrl> urls = event->mimeData()->urls();
   if (urls.size() == 1 && urls.first().isLocalFile()) event->acceptProposedAction();
@@ -285,7 +307,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void MainWindow::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
-  OpenProject(FromQt(event->mimeData()->urls().first().toLocalFile()));
+  TakeFile(FromQt(event->mimeData()->urls().first().toLocalFile()));
 }
 
 void MainWindow::Refresh() {

@@ -29,8 +29,9 @@ class MainWindow : public QMainWindow {
   void Start();
   void PlaceAsStored();
 
-  // As "&Open Project" does: named on the command line, or dropped on the window.
-  void OpenProject(const std::filesystem::path& path);
+  // A file named on the command line, or dropped on the window: a project is opened, all else
+  // imported.
+  void TakeFile(const std::filesystem::path& path);
 
   // In the status bar, until the next command.
   void ShowNotices(const Notices& notices);
@@ -54,6 +55,10 @@ class MainWindow : public QMainWindow {
   void MakeStatusBar();
   QWidget* MakeProjectLine();
   void OpenNotePage();
+  // It belongs to the project that goes.
+  void CloseNotePage();
+  // Shows what a command left; columns of a sheet that it brought are as wide as their texts.
+  void DoOnProject(const std::function<void()>& command);
   void TakeExample(const Example& example);
   // Shows what the workbench holds.
   void Refresh();
@@ -64,6 +69,8 @@ class MainWindow : public QMainWindow {
   Desk desk_;
   SheetView* sheet_;
   QLineEdit* name_ = nullptr;
+  bool emptied_ = false;         // by the command that runs
+  bool warned_of_loss_ = false;  // that not all could be kept
   // What the commands do; the entries of the others stand disabled.
   std::map<Command, std::function<void()>> handlers_;
   std::map<Command, QAction*> actions_;

@@ -1,16 +1,16 @@
 #include "desktop/print_preview.h"
 
 #include <QAction>
-#include <QFileDialog>
 #include <QGuiApplication>
 #include <QLocale>
-#include <QMessageBox>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QProgressDialog>
 #include <QScreen>
 #include <QToolBar>
 
+#include "desktop/file_dialog.h"
+#include "desktop/message_box.h"
 #include "painting/page_painter.h"
 #include "painting/qt_text.h"
 
@@ -34,15 +34,11 @@ bool PaintCancellably(std::span<const PrintJob> jobs, QPrinter& printer, QWidget
 }
 
 void AskSavePdf(std::span<const PrintJob> jobs, const QPrinter& printer, QWidget* parent) {
-  QFileDialog dialog(parent, QObject::tr("Save as PDF"));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setNameFilter(QObject::tr("PDF document (*.pdf)"));
-  dialog.setDefaultSuffix(QStringLiteral("pdf"));
-  if (dialog.exec() != QDialog::Accepted) return;
-  const std::filesystem::path path = dialog.selectedFiles().first().toStdString();
-  if (!PrintToPdf(jobs, QLocale(), path, printer.pageLayout()))
-    QMessageBox::warning(parent, dialog.windowTitle(),
-                         QObject::tr("The file could not be written."));
+  const auto path =
+      AskSaveFile(parent, {.title = "Save as PDF", .filters = {"PDF document (*.pdf)|*.pdf"}});
+  if (!path) return;
+  if (!PrintToPdf(jobs, QLocale(), *path, printer.pageLayout()))
+    ShowBox(parent, {.text = "The file could not be written.", .title = "Save as PDF"});
 }
 
 }  // namespace

@@ -4,14 +4,15 @@
 #include <functional>
 #include <memory>
 
+#include "desktop/message_box.h"
 #include "platform/platform.h"
 
 namespace quorval {
 
 class HelpWindow;
 
-// The machine by Qt.  Settings are kept under the application's and organisation's names.
-class QtPlatform : public Platform {
+// The machine by Qt.  Settings are kept in a file of the user's, and nothing else is.
+class QtPlatform : public Platform, private BoxHelp {
  public:
   // Help files are looked for in `help_folder`.
   explicit QtPlatform(const std::filesystem::path& help_folder);
@@ -39,6 +40,11 @@ class QtPlatform : public Platform {
   bool OpenHelp(std::string_view file, bool search) override;
 
  private:
+  HelpWindow& Help();
+  bool Tells(const std::string& text) override;
+  void ShowEntry(const std::string& text, QWidget& box) override;
+  void Release(QWidget& box) override;
+
   std::filesystem::path help_folder_;
   std::function<void(const Notices&)> show_notices_;
   bool wait_pointer_ = false;

@@ -19,10 +19,18 @@ QVariant FontOf(const CellLook& look) {
 
 }  // namespace
 
+SheetModel::SheetModel(SheetEditor& editor, int first_row, QObject* parent, const QLocale& locale)
+    : QAbstractTableModel(parent),
+      editor_(editor),
+      grid_(editor.grid()),
+      first_row_(first_row),
+      locale_(locale) {}
+
 SheetModel::SheetModel(Grid& grid, int first_row, QObject* parent, const QLocale& locale)
     : QAbstractTableModel(parent),
+      own_editor_(std::make_unique<SheetEditor>(grid)),
+      editor_(*own_editor_),
       grid_(grid),
-      editor_(grid),
       first_row_(first_row),
       locale_(locale) {}
 
@@ -96,7 +104,7 @@ void SheetModel::Clear(const CellRange& range) {
 }
 
 void SheetModel::Refresh() {
-  editor_.Forget();
+  if (own_editor_) own_editor_->Forget();
   emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 

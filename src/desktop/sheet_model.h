@@ -2,6 +2,7 @@
 
 #include <QAbstractTableModel>
 #include <QLocale>
+#include <memory>
 
 #include "app/sheet_editor.h"
 #include "core/grid.h"
@@ -13,7 +14,10 @@ class SheetModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  // `first_row` is the number that the user sees beside the first row.
+  // `first_row` is the number that the user sees beside the first row.  The steps are remembered by
+  // the editor, whoever does them; those of a grid alone until another hand changes it.
+  SheetModel(SheetEditor& editor, int first_row, QObject* parent,
+             const QLocale& locale = QLocale());
   SheetModel(Grid& grid, int first_row, QObject* parent, const QLocale& locale = QLocale());
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -24,9 +28,7 @@ class SheetModel : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   const Grid& grid() const { return grid_; }
-  const Cell& At(const QModelIndex& index) const {
-    return grid_.At(index.column() + 1, index.row() + 1);
-  }
+  Cell At(const QModelIndex& index) const { return grid_.At(index.column() + 1, index.row() + 1); }
 
   // The used part of a range, as text for other spreadsheet programs.
   QString TextOf(const CellRange& range) const;
@@ -42,8 +44,9 @@ class SheetModel : public QAbstractTableModel {
   QString EditText(const Cell& cell) const;
   std::optional<CellRange> Told(std::optional<CellRange> changed);
 
-  Grid& grid_;
-  SheetEditor editor_;
+  std::unique_ptr<SheetEditor> own_editor_;  // of a grid alone
+  SheetEditor& editor_;
+  const Grid& grid_;
   int first_row_;
   QLocale locale_;
 };

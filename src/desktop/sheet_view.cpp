@@ -19,13 +19,21 @@ namespace {
 constexpr int kColumnWidth = 84;
 constexpr int kWidestColumn = 480;
 constexpr int kPadding = 14;
-constexpr int kMostRowsMeasured = 2000;
+constexpr int kMostCellsMeasured = 200'000;
+constexpr int kLeastRowsMeasured = 100;
+constexpr std::size_t kShortText = 5;  // bytes that fit any column
 constexpr int kPictureHeight = 320;
 
 }  // namespace
 
+SheetView::SheetView(SheetEditor& editor, int first_row, QWidget* parent, const QLocale& locale)
+    : SheetView(new SheetModel(editor, first_row, nullptr, locale), parent) {}
+
 SheetView::SheetView(Grid& grid, int first_row, QWidget* parent, const QLocale& locale)
-    : QTableView(parent), model_(new SheetModel(grid, first_row, this, locale)) {
+    : SheetView(new SheetModel(grid, first_row, nullptr, locale), parent) {}
+
+SheetView::SheetView(SheetModel* model, QWidget* parent) : QTableView(parent), model_(model) {
+  model_->setParent(this);
   setModel(model_);
   setItemDelegate(new CellDelegate(*model_, *this));
   setSelectionMode(ContiguousSelection);
@@ -50,19 +58,27 @@ void SheetView::FitColumns() {
   QFont bold_font = font();
   bold_font.setBold(true);
   const QFontMetrics bold(bold_font);
-  const int rows = std::min(grid.DataRowCnt(), kMostRowsMeasured);
   const int columns = grid.DataColCnt();
+  const int rows = std::min(
+      grid.DataRowCnt(), std::max(kLeastRowsMeasured, kMostCellsMeasured / std::max(1, columns)));
   for (int column = 1; column <= columns; ++column) {
     int width = kColumnWidth - kPadding;
     for (int row = 1; row <= rows; ++row) {
       const Cell& cell = grid.At(column, row);
       const bool runs_over = cell.look.overflow && grid.At(column + 1, row).Empty();
       if (cell.Empty() || runs_over) continue;
+      const std::string text = cell.Text();
+      if (text.size() <= kShortText) continue;
       const QFontMetrics& metrics = cell.look.bold ? bold : plain;
-      width = std::max(width, metrics.horizontalAdvance(ToQt(cell.Text())));
+      width = std::max(width, metrics.horizontalAdvance(ToQt(text)));
     }
     setColumnWidth(column - 1, std::min(width + kPadding, kWidestColumn));
   }
+}
+
+void SheetView::ResetColumns() {
+  for (int column = 0; column < model_->columnCount(); ++column)
+    setColumnWidth(column, kColumnWidth);
 }
 
 CellRange SheetView::Selection() const {
@@ -107,11 +123,13 @@ void SheetView::Clear() {
 void SheetView::Undo() {
   if (const auto changed = model_->Undo()) Select(*changed);
   PlacePictures();
+  emit Stepped();
 }
 
 void SheetView::Redo() {
   if (const auto changed = model_->Redo()) Select(*changed);
   PlacePictures();
+  emit Stepped();
 }
 
 void SheetView::keyPressEvent(QKeyEvent* event) {

@@ -15,13 +15,16 @@ class SheetView : public QTableView {
   Q_OBJECT
 
  public:
-  // As SheetModel's constructor.
+  // As SheetModel's constructors.
+  SheetView(SheetEditor& editor, int first_row, QWidget* parent, const QLocale& locale = QLocale());
   SheetView(Grid& grid, int first_row, QWidget* parent, const QLocale& locale = QLocale());
 
   // Another hand changed the grid.
   void Refresh();
   // Makes each used column as wide as its widest text that does not run over.
   void FitColumns();
+  // All as wide as at first.
+  void ResetColumns();
   CellRange Selection() const;
   // Takes over what is being typed into a cell.
   void EndEditing();
@@ -37,6 +40,8 @@ class SheetView : public QTableView {
  signals:
   // Something for the status bar.
   void Told(const QString& text);
+  // A step was taken back, or again.
+  void Stepped();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -44,6 +49,7 @@ class SheetView : public QTableView {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
+  SheetView(SheetModel* model, QWidget* parent);
   void Move(int columns, int rows);
   void Select(const CellRange& range);
   // Joins the cells of pictures and makes their rows high enough.

@@ -1,12 +1,20 @@
 #include "desktop/start_window.h"
 
 #include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QScreen>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <array>
 
 #include "app/main_menu.h"
+#include "app/project_files.h"
+#include "app/recovery.h"
+#include "desktop/mnemonics.h"
 #include "painting/qt_text.h"
 
 namespace quorval {
@@ -15,6 +23,8 @@ namespace {
 constexpr int kShownMilliseconds = 2500;
 constexpr QSize kSize(520, 300);
 constexpr QRect kPlot(40, 130, 440, 140);
+constexpr int kMostOffers = 4;  // the others come at the next start
+constexpr int kOfferMargin = 16;
 
 // Places in the decorative plot, in hundredths of its width and height.
 constexpr std::array<QPoint, 16> kPoints{{
@@ -54,12 +64,62 @@ void DrawScatter(QPainter& painter) {
 
 }  // namespace
 
-StartWindow::StartWindow(QWidget* parent) : QWidget(parent, Qt::SplashScreen) {
+StartWindow::StartWindow(ProjectFiles& files, QWidget* parent)
+    : QWidget(parent, Qt::SplashScreen), files_(files) {
   setObjectName("start");
   setAttribute(Qt::WA_DeleteOnClose);
   setFixedSize(kSize);
+  if (const auto copies = files.Kept(); !copies.empty())
+    Offer(copies);
+  else
+    QTimer::singleShot(kShownMilliseconds, this, &QWidget::close);
   move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
-  QTimer::singleShot(kShownMilliseconds, this, &QWidget::close);
+}
+
+void StartWindow::Offer(const std::vector<std::filesystem::path>& copies) {
+  setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);  // it takes the keys
+  auto* const lines = new QVBoxLayout(this);
+  lines->setContentsMargins(kPlot.left(), kSize.height(), kPlot.left(), kOfferMargin);
+  for (const auto& copy : copies) {
+    MakeOffer(copy, *lines);
+    if (++offers_ == kMostOffers) break;
+  }
+  setFixedHeight(lines->sizeHint().height());
+  GiveMnemonics(*this);
+}
+
+void StartWindow::MakeOffer(const std::filesystem::path& copy, QVBoxLayout& lines) {
+  auto* const offer = new QWidget;
+  auto* const label = new QLabel(ToQt(CaptionOf(copy)));
+  auto* const recover = new QPushButton("Recover");
+  auto* const discard = new QPushButton("Discard");
+  recover->setObjectName("recover");
+  discard->setObjectName("discard");
+  auto* const line = new QHBoxLayout(offer);
+  line->setContentsMargins({});
+  line->addWidget(label, 1);
+  line->addWidget(recover);
+  line->addWidget(discard);
+  lines.addWidget(offer);
+  connect(recover, &QPushButton::clicked, this, [this, copy, offer] {
+    files_.Recover(copy);
+    emit Recovered();
+    if (!std::filesystem::exists(copy)) CloseAfter(*offer);
+  });
+  // What is gone is gone: the button is pressed twice.
+  connect(discard, &QPushButton::clicked, this, [this, copy, offer, discard] {
+    if (discard->objectName() == "discard") {
+      discard->setObjectName("discard-for-good");
+      return discard->setText("&Discard for good");
+    }
+    files_.Decline(copy);
+    CloseAfter(*offer);
+  });
+}
+
+void StartWindow::CloseAfter(QWidget& offer) {
+  offer.setEnabled(false);
+  if (--offers_ == 0) close();
 }
 
 void StartWindow::paintEvent(QPaintEvent*) {
@@ -82,5 +142,9 @@ void StartWindow::paintEvent(QPaintEvent*) {
 }
 
 void StartWindow::mousePressEvent(QMouseEvent*) { close(); }
+
+void StartWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) close();
+}
 
 }  // namespace quorval

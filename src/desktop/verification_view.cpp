@@ -2,12 +2,12 @@
 
 #include <QHeaderView>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScreen>
 #include <QTableView>
 #include <stdexcept>
 
 #include "app/verification_sheet.h"
+#include "desktop/message_box.h"
 #include "desktop/print_preview.h"
 #include "desktop/sheet_model.h"
 #include "painting/qt_text.h"
@@ -60,7 +60,7 @@ void ShowVerification(QWidget* parent) {
   try {
     (new VerificationView(VerificationSheet(Verify(VerificationFolder())), parent))->show();
   } catch (const std::runtime_error& error) {
-    QMessageBox::warning(parent, kTitle, ToQt(error.what()));
+    ShowBox(parent, {.text = error.what(), .title = kTitle});
   }
 }
 

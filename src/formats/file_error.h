@@ -1,6 +1,7 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
 
 namespace quorval {
 
@@ -8,5 +9,8 @@ namespace quorval {
 struct FileError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
+
+// What a system call that failed on a file says by its errno: "the disk is full".
+std::string WordsOf(int error_number);
 
 }  // namespace quorval

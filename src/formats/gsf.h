@@ -74,15 +74,16 @@ inline std::string_view BytesOf(const Owner<GsfOutput>& output) {
           static_cast<std::size_t>(gsf_output_size(output.get()))};
 }
 
+[[noreturn]] inline void FailToWrite() { throw FileError("there is not enough memory"); }
+
 inline void Write(const Owner<GsfOutput>& output, std::string_view bytes) {
   if (!gsf_output_write(output.get(), bytes.size(), reinterpret_cast<const guint8*>(bytes.data())))
-    throw FileError("the file cannot be written");
+    FailToWrite();
 }
 
 // A container closes the file that it is written to.
 inline void Close(const Owner<GsfOutput>& output) {
-  if (!gsf_output_is_closed(output.get()) && !gsf_output_close(output.get()))
-    throw FileError("the file cannot be written");
+  if (!gsf_output_is_closed(output.get()) && !gsf_output_close(output.get())) FailToWrite();
 }
 
 }  // namespace quorval::gsf

@@ -23,7 +23,10 @@ struct SavedGrid {
   int rows = 0;  // the last row that the file holds a text, a number or a picture of
 };
 
-// Throws a FileError for anything that is no such file, or a damaged one.
+// Whether the file is a database, as projects are, whatever its name and the rest of it.
+bool IsProjectFile(const std::filesystem::path& path);
+
+// Throws a FileError that begins "not a project", "another version", "damaged" or "cannot be read".
 SavedGrid ReadProjectFile(const std::filesystem::path& path);
 
 }  // namespace quorval

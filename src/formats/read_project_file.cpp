@@ -1,12 +1,15 @@
 #include <array>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <optional>
 #include <string>
+#include <system_error>
 
 #include "core/conversion.h"
 #include "core/worksheet.h"
+#include "formats/budget.h"
 #include "formats/project_file.h"
 #include "formats/project_schema.h"
 #include "formats/regular_file.h"
@@ -17,10 +20,6 @@ namespace {
 
 using sqlite::Database;
 using sqlite::Statement;
-
-constexpr int kLongestValue = 64 << 20;  // bytes of one text or picture
-constexpr std::size_t kMostLooks = 100000;
-constexpr std::size_t kMostPictures = 1000;
 
 [[noreturn]] void Refuse(const char* why) { throw FileError(why); }
 
@@ -39,6 +38,12 @@ std::string Address(const std::filesystem::path& path) {
     }
   }
   return address;
+}
+
+// The library would not say why it cannot open a file.
+void CheckReadable(const std::filesystem::path& path) {
+  errno = 0;
+  if (!std::ifstream(path)) Refuse(("cannot be read: " + WordsOf(errno)).c_str());
 }
 
 // Whether the file was left in the mode of a write-ahead log, by the numbers of the versions that
@@ -80,7 +85,7 @@ Database OpenUntrusted(const std::filesystem::path& path) {
   constexpr int kPatience = 500;  // milliseconds, for another program to end its writing
   Database database = sqlite::Open(AddressToRead(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
   sqlite3_busy_timeout(database.get(), kPatience);
-  sqlite3_limit(database.get(), SQLITE_LIMIT_LENGTH, kLongestValue);
+  sqlite3_limit(database.get(), SQLITE_LIMIT_LENGTH, limits::kLongestValue);
   sqlite3_limit(database.get(), SQLITE_LIMIT_SQL_LENGTH, 10000);
   sqlite3_limit(database.get(), SQLITE_LIMIT_ATTACHED, 0);
   sqlite3_db_config(database.get(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
@@ -97,36 +102,60 @@ std::int64_t Pragma(const Database& database, std::string_view sql) {
 // That the tables are ours to the letter leaves no view, virtual table or computed column to read.
 void CheckSchema(const Database& database) {
   using namespace project_schema;
-  if (Pragma(database, "PRAGMA application_id") != kApplicationId)
-    Refuse("the file is no project file");
-  if (Pragma(database, "PRAGMA user_version") != kVersion)
-    Refuse("the file is of a version that is not known");
+  if (Pragma(database, "PRAGMA application_id") != kApplicationId) Refuse("not a project");
+  if (Pragma(database, "PRAGMA user_version") != kVersion) Refuse("another version");
   Statement count(database, "SELECT count(*) FROM sqlite_schema");
   if (!count.Step() || count.Integer(0) != static_cast<std::int64_t>(kTables.size()))
-    Refuse("the file's tables are not those of a project");
+    Refuse("damaged: its tables are not those of a project");
   Statement find(database, "SELECT 1 FROM sqlite_schema WHERE type = 'table' AND sql = ?");
   for (const Table& table : kTables) {
     find.Bind(1, table.sql);
-    if (!find.Step()) Refuse("the file's tables are not those of a project");
+    if (!find.Step()) Refuse("damaged: its tables are not those of a project");
     find.Reset();
   }
 }
 
 void CheckPages(const Database& database) {
   Statement check(database, "PRAGMA quick_check(1)");
-  if (!check.Step() || check.Text(0) != "ok") Refuse("the file is damaged");
+  if (!check.Step() || check.Text(0) != "ok") Refuse("damaged");
+}
+
+// A column's type binds no value in it: a word may stand among the numbers, and would be taken for
+// 0.
+void Expect(bool right_kind) {
+  if (!right_kind) Refuse("damaged: it holds a value of another kind than its column");
+}
+
+std::int64_t WholeIn(Statement& row, int column) {
+  Expect(row.Type(column) == SQLITE_INTEGER);
+  return row.Integer(column);
+}
+
+double NumberIn(Statement& row, int column) {
+  Expect(row.Type(column) == SQLITE_FLOAT || row.Type(column) == SQLITE_INTEGER);
+  return row.Number(column);
+}
+
+std::string_view TextIn(Statement& row, int column) {
+  Expect(row.Type(column) == SQLITE_TEXT);
+  return row.Text(column);
+}
+
+std::string_view BytesIn(Statement& row, int column) {
+  Expect(row.Type(column) == SQLITE_BLOB);
+  return row.Blob(column);
 }
 
 template <class Whole>
 Whole InRange(std::int64_t number, std::int64_t least, std::int64_t most) {
-  if (number < least || number > most) Refuse("the file holds a number that makes no sense");
+  if (number < least || number > most) Refuse("damaged: it holds a number that makes no sense");
   return static_cast<Whole>(number);
 }
 
 CellType TypeFrom(std::int64_t number) {
   for (CellType type : {CellType::kEdit, CellType::kPicture, CellType::kNumber})
     if (number == static_cast<std::int64_t>(type)) return type;
-  Refuse("the file holds a type of cell that is not known");
+  Refuse("damaged: it holds a type of cell that is not known");
 }
 
 using Looks = std::map<std::int64_t, CellLook>;
@@ -136,16 +165,16 @@ Looks ReadLooks(const Database& database) {
   Looks looks;
   Statement look(database, "SELECT * FROM look");
   while (look.Step()) {
-    if (looks.size() == kMostLooks) Refuse("the file holds too many looks");
-    looks[look.Integer(0)] = {
-        .type = TypeFrom(look.Integer(1)),
-        .decimals = InRange<std::uint8_t>(look.Integer(2), 0, 30),
-        .bold = look.Integer(3) != 0,
-        .italic = look.Integer(4) != 0,
-        .overflow = look.Integer(5) != 0,
-        .colour = InRange<Colour>(look.Integer(6), 0, kWhite),
-        .span_columns = InRange<std::uint16_t>(look.Integer(7), 1, Worksheet::kColumns),
-        .span_rows = InRange<std::uint16_t>(look.Integer(8), 1, project_schema::kMostRows),
+    if (looks.size() == limits::kLooks) Refuse("damaged: it holds too many looks");
+    looks[WholeIn(look, 0)] = {
+        .type = TypeFrom(WholeIn(look, 1)),
+        .decimals = InRange<std::uint8_t>(WholeIn(look, 2), 0, 30),
+        .bold = WholeIn(look, 3) != 0,
+        .italic = WholeIn(look, 4) != 0,
+        .overflow = WholeIn(look, 5) != 0,
+        .colour = InRange<Colour>(WholeIn(look, 6), 0, kWhite),
+        .span_columns = InRange<std::uint16_t>(WholeIn(look, 7), 1, Worksheet::kColumns),
+        .span_rows = InRange<std::uint16_t>(WholeIn(look, 8), 1, project_schema::kMostRows),
     };
   }
   return looks;
@@ -155,8 +184,8 @@ Pictures ReadPictures(const Database& database) {
   Pictures pictures;
   Statement picture(database, "SELECT id, image FROM picture");
   while (picture.Step()) {
-    if (pictures.size() == kMostPictures) Refuse("the file holds too many pictures");
-    pictures[picture.Integer(0)] = std::make_shared<const std::string>(picture.Blob(1));
+    if (pictures.size() == limits::kPictures) Refuse("damaged: it holds too many pictures");
+    pictures[WholeIn(picture, 0)] = std::make_shared<const std::string>(BytesIn(picture, 1));
   }
   return pictures;
 }
@@ -164,11 +193,11 @@ Pictures ReadPictures(const Database& database) {
 template <class Key, class Value>
 const Value& Known(const std::map<Key, Value>& values, Key key) {
   const auto found = values.find(key);
-  if (found == values.end()) Refuse("a cell of the file has a look or picture that is missing");
+  if (found == values.end()) Refuse("damaged: a cell has a look or picture that is missing");
   return found->second;
 }
 
-SavedGrid ReadCells(const Database& database) {
+SavedGrid ReadCells(const Database& database, Budget& budget) {
   using project_schema::kMostRows;
   const Looks looks = ReadLooks(database);
   const Pictures pictures = ReadPictures(database);
@@ -177,41 +206,57 @@ SavedGrid ReadCells(const Database& database) {
   const CellLook* look = nullptr;
   Statement read(database, "SELECT \"column\", \"row\", text, value, look, picture FROM cell");
   while (read.Step()) {
-    const int row = InRange<int>(read.Integer(1), 1, kMostRows);
-    Cell& cell = saved.grid.Edit(InRange<int>(read.Integer(0), 1, Worksheet::kColumns), row);
-    if (look == nullptr || look_number != read.Integer(4)) {
-      look_number = read.Integer(4);
-      look = &Known(looks, look_number);
+    budget.cells.Take();
+    const int column = InRange<int>(WholeIn(read, 0), 1, Worksheet::kColumns);
+    const int row = InRange<int>(WholeIn(read, 1), 1, kMostRows);
+    Cell cell;
+    if (const std::int64_t number = WholeIn(read, 4); look == nullptr || look_number != number) {
+      look_number = number;
+      look = &Known(looks, number);
     }
     cell.look = *look;
     const bool has_text = !read.IsNull(2);
     const bool has_value = !read.IsNull(3);
-    if (has_value)
-      cell.value = Raw(Real(read.Number(3)));
-    else if (has_text)
-      cell.text = read.Text(2);
-    if (!read.IsNull(5)) cell.picture = Known(pictures, read.Integer(5));
+    if (has_value) {
+      cell.value = Raw(Real(NumberIn(read, 3)));
+    } else if (has_text) {
+      cell.text = TextIn(read, 2);
+      budget.text.Take(cell.text.size());
+    }
+    if (!read.IsNull(5)) cell.picture = Known(pictures, WholeIn(read, 5));
     if (has_text || has_value || cell.picture) saved.rows = std::max(saved.rows, row);
+    saved.grid.Put(column, row, std::move(cell));
   }
   return saved;
 }
 
 }  // namespace
 
+bool IsProjectFile(const std::filesystem::path& path) {
+  constexpr std::string_view kSignature{"SQLite format 3", 16};
+  std::array<char, kSignature.size()> bytes{};
+  if (!std::filesystem::is_regular_file(path)) return false;
+  std::ifstream file(path, std::ios::binary);
+  return file.read(bytes.data(), bytes.size()) &&
+         std::string_view(bytes.data(), bytes.size()) == kSignature;
+}
+
 SavedGrid ReadProjectFile(const std::filesystem::path& named) {
   RequireRegularFile(named);
+  CheckReadable(named);
   const std::filesystem::path path = std::filesystem::canonical(named);  // where its log would be
   const bool has_log = HasLog(path);
   const auto last_written = std::filesystem::last_write_time(path);
+  Budget budget(path);
   const Database database = OpenUntrusted(path);
   CheckSchema(database);
   CheckPages(database);
   try {
-    SavedGrid saved = ReadCells(database);
+    SavedGrid saved = ReadCells(database, budget);
     if (has_log) RefuseChangesSince(last_written, path);
     return saved;
   } catch (const Fault&) {
-    Refuse("the file holds a number that is not finite");
+    Refuse("damaged: it holds a number that is not finite");
   }
 }
 

@@ -3,6 +3,7 @@
 #include <csv.h>
 #include <utf8.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -11,16 +12,19 @@
 #include <string>
 #include <string_view>
 
+#include "formats/budget.h"
 #include "formats/file_error.h"
 
 namespace quorval {
 namespace {
 
-// A quote that is never closed would take the rest of a large file for one value.
-constexpr std::size_t kLongestValue = std::size_t{1} << 20;
-
 std::string InRow(std::string_view what, int row) {
   return std::string(what) + " in row " + std::to_string(row) + " (the first row is row 0)";
+}
+
+// ASCII without NUL, as nearly all values are.
+bool IsPlain(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return static_cast<signed char>(c) > 0; });
 }
 
 // Writes the values into a worksheet as the parser meets them.  The parser is a C library: nothing
@@ -31,8 +35,10 @@ class Table {
     ++column_;
     row_begun_ = true;
     if (value.empty() || !error_.empty()) return;
-    if (value.find('\0') != value.npos) return Fail("a NUL byte");
-    if (!utf8::is_valid(value.begin(), value.end())) return Fail("text that is not UTF-8");
+    if (!IsPlain(value)) {
+      if (value.find('\0') != value.npos) return Fail("a NUL byte");
+      if (!utf8::is_valid(value.begin(), value.end())) return Fail("text that is not UTF-8");
+    }
     if (row_ > Worksheet::kLastRow) return Fail("more than 10000 rows: a value");
     if (column_ > Worksheet::kColumns) return Fail("more than 500 columns: a value");
     worksheet_.SetText(column_, row_, value);
@@ -97,7 +103,7 @@ class Parser {
       table_.Fail(
           "a quote inside a value that does not begin with one, "
           "or text behind a closing quote,");
-    if (csv_get_buffer_size(&parser_) > kLongestValue) table_.Fail("a value beyond 1 MiB");
+    if (csv_get_buffer_size(&parser_) > limits::kLongestText) table_.Fail("a value beyond 1 MiB");
     table_.ThrowIfFailed();
   }
 
@@ -113,6 +119,7 @@ class Parser {
 };
 
 Worksheet Read(const std::filesystem::path& path, char separator) {
+  Budget(path).text.Take(std::filesystem::file_size(path));  // it cannot hold more
   std::ifstream file(path, std::ios::binary);
   if (!file) throw FileError(std::strerror(errno));
   Parser parser(separator);

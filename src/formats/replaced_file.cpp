@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
 #include <random>
 #include <string>
 #include <system_error>
@@ -18,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void Throw() { throw FileError(std::strerror(errno)); }
+[[noreturn]] void Throw() { throw FileError(WordsOf(errno)); }
 
 // The file that is there, if any, may be replaced by this user.  The superuser may write any file,
 // but one without a single right to be written was protected by somebody.
@@ -42,7 +41,7 @@ fs::path Resolved(fs::path target) {
   std::error_code error;
   for (int links = 0; fs::is_symlink(fs::symlink_status(target, error)); ++links) {
     const fs::path next = fs::read_symlink(target, error);
-    if (error || links == kMostLinks) throw FileError(std::strerror(ELOOP));
+    if (error || links == kMostLinks) throw FileError(WordsOf(ELOOP));
     target = target.parent_path() / next;
   }
   if (target.filename().empty()) throw FileError("the file has no name");
@@ -109,8 +108,7 @@ void SyncFolder(const fs::path& folder) {
   const int error = errno;
   close(descriptor);
   if (!synced)
-    throw FileError("the file is written, but may not outlast a power failure: " +
-                    std::string(std::strerror(error)));
+    throw FileError("the file is written, but may not outlast a power failure: " + WordsOf(error));
 }
 
 }  // namespace

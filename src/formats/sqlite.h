@@ -19,20 +19,34 @@ struct Close {
 using Database = std::unique_ptr<sqlite3, Close>;
 
 // In our words where the library's would not tell a user what to do.
-inline const char* WordsOf(sqlite3* database) {
+inline std::string WordsOf(sqlite3* database, int code) {
   switch (sqlite3_extended_errcode(database)) {
     case SQLITE_BUSY:
       return "another program is writing the file";
     case SQLITE_READONLY_ROLLBACK:
       return "another program broke off while it wrote the file: open the file there first";
     default:
-      return sqlite3_errmsg(database);
+      break;
   }
+  switch (code & 0xFF) {
+    case SQLITE_NOTADB:
+      return "not a project";
+    case SQLITE_CORRUPT:
+      return "damaged";
+    case SQLITE_FULL:
+      return "the disk is full";
+    default:
+      break;
+  }
+  // That of a failed opening, reading or writing, where the library has kept it.
+  if (const int number = sqlite3_system_errno(database)) return quorval::WordsOf(number);
+  if ((code & 0xFF) == SQLITE_IOERR) return "the disk is full or cannot be written";
+  return sqlite3_errmsg(database);
 }
 
 inline void Check(sqlite3* database, int code) {
-  if (code != SQLITE_OK && code != SQLITE_DONE && code != SQLITE_ROW)
-    throw FileError(WordsOf(database));
+  if (code == SQLITE_OK || code == SQLITE_DONE || code == SQLITE_ROW) return;
+  throw FileError(WordsOf(database, code));
 }
 
 inline Database Open(const std::string& name, int flags) {
@@ -90,7 +104,9 @@ class Statement {
 
   void Reset() { sqlite3_reset(statement_.get()); }
 
-  bool IsNull(int column) { return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL; }
+  // SQLITE_INTEGER, SQLITE_FLOAT, SQLITE_TEXT, SQLITE_BLOB or SQLITE_NULL.
+  int Type(int column) { return sqlite3_column_type(statement_.get(), column); }
+  bool IsNull(int column) { return Type(column) == SQLITE_NULL; }
   std::int64_t Integer(int column) { return sqlite3_column_int64(statement_.get(), column); }
   double Number(int column) { return sqlite3_column_double(statement_.get(), column); }
   std::string_view Text(int column) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <fstream>
 
+#include "core/file_name.h"
 #include "formats/file_error.h"
 #include "formats/ods.h"
 #include "formats/separated_values.h"
@@ -28,7 +29,8 @@ bool IsXls(const std::filesystem::path& path) {
 }
 
 bool IsReadable(const std::filesystem::path& path, std::string_view extension) {
-  return path.extension() == extension && std::ifstream(path).good();
+  return ExtensionOf(path) == extension && std::ifstream(path).good() &&
+         std::filesystem::is_regular_file(path);
 }
 bool IsCsv(const std::filesystem::path& path) { return IsReadable(path, ".csv"); }
 bool IsTsv(const std::filesystem::path& path) { return IsReadable(path, ".tsv"); }

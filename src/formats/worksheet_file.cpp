@@ -1,10 +1,11 @@
 #include "formats/worksheet_file.h"
 
-#include <algorithm>
 #include <iterator>
+#include <new>
 #include <string_view>
 #include <utility>
 
+#include "core/file_name.h"
 #include "formats/export_losses.h"
 #include "formats/file_error.h"
 #include "formats/ods.h"
@@ -37,17 +38,10 @@ constexpr Format kFormats[] = {
     {".tsv", ReadTabSeparated, WriteTabSeparated},
 };
 
-std::string LowerCase(std::string text) {
-  std::ranges::transform(text, text.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-  });
-  return text;
-}
-
 using CanUse = bool (*)(const Format&);
 
 const Format& FormatOf(const std::filesystem::path& path, CanUse can_use) {
-  const std::string extension = LowerCase(path.extension().string());
+  const std::string extension = ExtensionOf(path);
   std::string known;
   for (const Format& format : kFormats) {
     if (!can_use(format)) continue;
@@ -67,6 +61,8 @@ std::optional<std::string> WhyNot(const std::filesystem::path& path, Work&& work
     return std::nullopt;
   } catch (const FileError& error) {
     return path.string() + ": " + error.what();
+  } catch (const std::bad_alloc&) {
+    return path.string() + ": there is not enough memory";
   }
 }
 
@@ -82,11 +78,16 @@ std::optional<std::string> ReadWorksheet(const std::filesystem::path& path, Work
 
 std::optional<std::string> WriteGrid(const std::filesystem::path& path, const Grid& grid,
                                      const ExportOptions& options) {
-  return WhyNot(path, [&] { FormatOf(path, IsWritten).write(path, grid, options); });
+  return WhyNot(path, [&] { WriteGridFile(path, grid, options); });
+}
+
+void WriteGridFile(const std::filesystem::path& path, const Grid& grid,
+                   const ExportOptions& options) {
+  FormatOf(path, IsWritten).write(path, grid, options);
 }
 
 Notices LossesOf(const std::filesystem::path& path, const Grid& grid) {
-  const std::string extension = LowerCase(path.extension().string());
+  const std::string extension = ExtensionOf(path);
   const bool separated = extension == ".csv" || extension == ".tsv";
   return LossesOf(grid, separated ? kSeparatedValues : kWorkbook);
 }

@@ -23,6 +23,10 @@ std::optional<std::string> WriteGrid(const std::filesystem::path& path, const Gr
 // What the file of this name leaves out of the grid, or holds otherwise.
 Notices LossesOf(const std::filesystem::path& path, const Grid& grid);
 
+// The same, by a FileError that does not name the file.
+void WriteGridFile(const std::filesystem::path& path, const Grid& grid,
+                   const ExportOptions& options);
+
 // Whether WriteGrid() knows the extension.
 bool CanWrite(const std::filesystem::path& path);
 

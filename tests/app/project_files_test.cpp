@@ -5,6 +5,7 @@
 #include "analyses/registry.h"
 #include "app/examples.h"
 #include "app/workbench.h"
+#include "core/file_name.h"
 #include "formats/worksheet_file.h"
 #include "support/scripted_platform.h"
 #include "support/temporary_folder.h"
@@ -106,7 +107,8 @@ TEST_F(ProjectFilesTest, ComesBackWithItsNameAndNote) {
   EXPECT_EQ(save.proposed_name, "Glucose");
   const FileQuestion& open = platform.file_questions[1];
   EXPECT_EQ(open.title, "Open");
-  EXPECT_THAT(open.filters, ElementsAre("Quorval project file (*.qvl)|*.qvl"));
+  EXPECT_THAT(open.filters, ElementsAre("Quorval project files (*.qvl *.ss6)|*.qvl;*.ss6",
+                                        "Quorval project file (*.qvl)|*.qvl", "All files (*)|*"));
 }
 
 TEST_F(ProjectFilesTest, SaveWritesToTheProjectsFile) {
@@ -117,7 +119,7 @@ TEST_F(ProjectFilesTest, SaveWritesToTheProjectsFile) {
   workbench.project().Rename("New name");
   files.Save();
   EXPECT_THAT(platform.boxes, IsEmpty());
-  EXPECT_TRUE(files.OpenFile(folder / "a.qvl"));
+  files.OpenFile(folder / "a.qvl");
   EXPECT_EQ(worksheet.Text(3, 0), "changed");
   EXPECT_EQ(context().ProjectName, "New name");
 }
@@ -127,7 +129,7 @@ TEST_F(ProjectFilesTest, AFullSheetComesBackWhole) {
   workbench.project().Rename("Full");
   platform.paths = {folder / "a.qvl"};
   files.SaveAs();
-  EXPECT_TRUE(files.OpenFile(folder / "a.qvl"));
+  files.OpenFile(folder / "a.qvl");
   EXPECT_EQ(worksheet.Text(1, Worksheet::kLastRow), "last");
   EXPECT_EQ(worksheet.DataRowCnt(), 10000);
   EXPECT_EQ(context().ProjectName, "Full");
@@ -138,7 +140,7 @@ TEST_F(ProjectFilesTest, AnEmptyProjectComesBackAsTwoRows) {
   workbench.project().SetNote("note");
   platform.paths = {folder / "a.qvl"};
   files.SaveAs();
-  EXPECT_TRUE(files.OpenFile(folder / "a.qvl"));
+  files.OpenFile(folder / "a.qvl");
   EXPECT_EQ(worksheet.Text(1, 0), "Project 1");
   EXPECT_EQ(worksheet.Text(1, 1), "note");
   EXPECT_EQ(context().ProjectName, "Project 1 ");
@@ -209,7 +211,9 @@ TEST_F(ProjectFilesTest, ExportAndImport) {
   EXPECT_EQ(platform.file_questions[0].title, "Open");
   EXPECT_EQ(platform.file_questions[0].filters.front(), "Excel file (*.xls)|*.xls");
   EXPECT_EQ(platform.file_questions[0].proposed_name, "Project 1");
-  EXPECT_EQ(platform.file_questions[1].filters.front(), "Import file (*.xls)|*.xls");
+  EXPECT_EQ(FilterFrom(platform.file_questions[1].filters[0]).patterns,
+            "*.xls;*.xlsx;*.ods;*.csv;*.tsv");
+  EXPECT_EQ(platform.file_questions[1].filters[1], "Import file (*.xls)|*.xls");
 }
 
 TEST_F(ProjectFilesTest, AnExportBeyondTheFormatLeavesNoFile) {
@@ -268,7 +272,7 @@ TEST_F(ResultsFilesTest, OpenAsAProjectNamedResults) {
   EXPECT_THAT(platform.file_questions[0].filters, ElementsAre("Quorval Results File (.qvl)|*.qvl"));
   EXPECT_EQ(platform.file_questions[0].proposed_name,
             "Demo XY Regression Project (single)Results  ");
-  EXPECT_TRUE(files.OpenFile(folder / "a.qvl"));
+  files.OpenFile(folder / "a.qvl");
   EXPECT_EQ(context().ProjectName, "Results");
   EXPECT_EQ(context().ProjectNote, "Results");
   for (int row = 1; row <= before.DataRowCnt(); ++row)

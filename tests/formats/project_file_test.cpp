@@ -178,7 +178,7 @@ struct Hostile {
 
 TEST(ProjectFile, TrustsNothingInAFile) {
   const Hostile kFiles[] = {
-      {"PRAGMA application_id = 1", "no project file"},
+      {"PRAGMA application_id = 1", "not a project"},
       {"PRAGMA user_version = 2", "version"},
       {"DROP TABLE picture", "tables"},
       {"CREATE VIEW more AS SELECT 1", "tables"},
@@ -190,6 +190,11 @@ TEST(ProjectFile, TrustsNothingInAFile) {
       {"UPDATE cell SET \"column\" = 0", "no sense"},
       {"UPDATE cell SET \"column\" = 4294967297", "no sense"},
       {"UPDATE cell SET value = 9e999 WHERE value NOT NULL", "not finite"},
+      {"UPDATE cell SET value = '1,5' WHERE value NOT NULL", "another kind"},
+      {"UPDATE cell SET \"row\" = 'one'", "another kind"},
+      {"UPDATE cell SET text = x'31' WHERE text NOT NULL", "another kind"},
+      {"UPDATE cell SET picture = 'a' WHERE picture NOT NULL", "another kind"},
+      {"UPDATE look SET bold = 1.5", "another kind"},
       {"UPDATE look SET type = 12", "type of cell"},
       {"UPDATE look SET decimals = 31", "no sense"},
       {"UPDATE look SET span_rows = 0", "no sense"},

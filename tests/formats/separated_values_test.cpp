@@ -224,7 +224,7 @@ TEST(ReadWorksheet, RefusesWhatIsNoFile) {
   const TemporaryFolder folder;
   Worksheet worksheet;
   EXPECT_THAT(ReadWorksheet(folder / "none.csv", worksheet).value_or("read"),
-              HasSubstr("none.csv: No such file"));
+              HasSubstr("none.csv: there is no such file"));
   std::filesystem::create_directory(folder / "folder.csv");
   EXPECT_THAT(ReadWorksheet(folder / "folder.csv", worksheet).value_or("read"),
               HasSubstr("folder.csv: "));

@@ -87,7 +87,7 @@ void Analyse(Run& run, const Pairs& data, const Measurements& measured) {
 void RunDeming(Run& run) {
   Pairs data = ReadPairs(run);
   if (IsDuplicate(run.form)) {
-    Analyse(run, data, TakeDuplicate(data));
+    Analyse(run, data, TakeDuplicate(run, data));
   } else {
     const SingleMeasurements measured = TakeSingle(run.form, data);
     Analyse(run, data, measured);

@@ -26,9 +26,10 @@ inline SingleMeasurements TakeSingle(const Form& form, Pairs& data) {
   return measured;
 }
 
-inline DuplicateMeasurements TakeDuplicate(const Pairs& data) {
+// A repetition keeps the lambda of the first run.
+inline DuplicateMeasurements TakeDuplicate(const Run& run, const Pairs& data) {
   const auto& [x1, x2, y1, y2] = data.measured;
-  return {x1, x2, y1, y2};
+  return {x1, x2, y1, y2, run.repeated != nullptr ? run.repeated->lambda : std::nullopt};
 }
 
 // Row 18: the ratio of the SDs as assigned, or as estimated from the duplicates.
@@ -60,6 +61,7 @@ void ReportDeming(Run& run, const DemingFit& fit, std::span<const PlotWindow> pl
   const OutlierMarks outliers = MarkOutliers(run, distances.r);
   WriteOutliers(run, {.count = 29, .first = 33, .more = 43}, outliers, data);
   KeepForReanalysis(run, data, outliers);
+  if (run.rejection && IsDuplicate(run.form)) run.rejection->lambda = line.lambda;
 
   const Bands bands = ComputeBands(levels, errors.estimates, CriticalT05(df));
   WriteDemingTables(run, fit, bands, distances, z);

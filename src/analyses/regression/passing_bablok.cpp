@@ -7,6 +7,7 @@
 #include "analyses/regression/distance_residuals.h"
 #include "analyses/regression/fit_passing_bablok.h"
 #include "analyses/regression/plots.h"
+#include "core/conversion.h"
 #include "stats/significance.h"
 
 namespace quorval::regression {
@@ -91,7 +92,11 @@ void RunPassingBablok(Run& run) {
   const auto& y = data.y;
   const Levels levels = PlaceLevels(run.form, RangeOfAbscissae(run, data, 5));
   const Real rs = RankCorrelation(x, y);
-  if (rs <= 0) run.Refuse("Error occurred");
+  if (rs <= 0) {
+    Note(run.notices, {"arithmetic", "the rank correlation of x and y is " + FixedText(rs, 4) +
+                                         ", and the slopes want one above 0"});
+    run.Refuse("Error occurred");
+  }
   const std::optional<PassingBablokLine> line = PassingBablokFit(run.messages, x, y);
   if (!line) run.Refuse("  Regression result could not be computed ");
 

@@ -138,7 +138,7 @@ void RunWeightedDeming(Run& run) {
   Pairs data = ReadPairs(run);
   RefuseNegativeOrZero(run, data);
   if (IsDuplicate(run.form)) {
-    Analyse(run, data, TakeDuplicate(data));
+    Analyse(run, data, TakeDuplicate(run, data));
   } else {
     const SingleMeasurements measured = TakeSingle(run.form, data);
     Analyse(run, data, measured);
