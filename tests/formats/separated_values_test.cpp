@@ -213,11 +213,11 @@ TEST(LossesOf, TellsWhatAFileDoesNotHold) {
   };
   EXPECT_THAT(words("a.xls"),
               testing::ElementsAre("colours: 2 cells, the first is B3", "pictures: 1 cell, C4",
-                                   "characters: 1 cell, D6", "length: 1 cell, E2",
-                                   "size: 2 cells, the first is F7"));
-  EXPECT_THAT(words("A.CSV"),
-              testing::ElementsAre("colours: 2 cells, the first is B3", "pictures: 1 cell, C4",
-                                   "characters: 2 cells, the first is D5", "length: 1 cell, E2"));
+                                   "characters: 1 cell, D6", "long-text: 1 cell, E2",
+                                   "number-range: 2 cells, the first is F7"));
+  EXPECT_THAT(words("A.CSV"), testing::ElementsAre(
+                                  "colours: 2 cells, the first is B3", "pictures: 1 cell, C4",
+                                  "characters: 2 cells, the first is D5", "long-text: 1 cell, E2"));
 }
 
 TEST(ReadWorksheet, RefusesWhatIsNoFile) {
