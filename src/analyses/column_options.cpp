@@ -1,5 +1,7 @@
 #include "analyses/column_options.h"
 
+#include <string>
+
 namespace quorval {
 namespace {
 
@@ -13,14 +15,20 @@ bool OutsideWorksheet(const Form& form, const Field& column) {
 
 int TakeColumn(const Run& run, const Field& field, const ColumnLimit& limit) {
   const int column = run.form.Column(field);
-  if (!Accepts(limit, column)) run.Refuse(limit.refusal);
+  if (!Accepts(limit, column)) {
+    run.form.Note(field, "; this analysis reads the columns 1 to " + std::to_string(limit.last));
+    run.Refuse(limit.refusal);
+  }
   return column;
 }
 
 ColumnSpan TakeColumns(const Run& run, const Field& start, const Field& last,
                        const ColumnLimit& limit) {
   const ColumnSpan span{TakeColumn(run, start, limit), TakeColumn(run, last, limit)};
-  if (span.last < span.start) run.Refuse(limit.refusal);
+  if (span.last < span.start) {
+    run.form.Note(last, "; the first column is " + std::to_string(span.start));
+    run.Refuse(limit.refusal);
+  }
   return span;
 }
 

@@ -55,7 +55,7 @@ void SheetEditor::Clear(CellRange range) {
   range = Used(range);
   Remember(range);
   ForEachCell(range, [&](int column, int row) {
-    if (grid_.At(column, row).picture) grid_.Edit(column, row) = Cell{};
+    if (grid_.At(column, row).picture) grid_.Put(column, row, {});
     grid_.SetText(column, row, {});
   });
 }
@@ -111,7 +111,7 @@ void SheetEditor::Do(const std::function<void()>& work, const std::function<Exch
       if (row > last_row) continue;
       Block& block = step.blocks.emplace_back(Block{column, row, last_row, {}});
       const int held = std::min(last_row, before.UsedRows(column));
-      for (int i = row; i <= held; ++i) block.others.push_back(std::move(before.Edit(column, i)));
+      for (int i = row; i <= held; ++i) block.others.push_back(before.At(column, i));
     }
     if (!step.blocks.empty() || step.exchange) Add(std::move(step));
   };
@@ -166,7 +166,8 @@ void SheetEditor::Swap(Block& block) {
   for (std::size_t i = 0; i < block.others.size(); ++i) {
     const int row = block.row + static_cast<int>(i);
     Cell& other = block.others[i];
-    if (!(other == grid_.At(block.column, row))) std::swap(other, grid_.Edit(block.column, row));
+    Cell now = grid_.At(block.column, row);
+    if (!(other == now)) grid_.Put(block.column, row, std::exchange(other, std::move(now)));
   }
 }
 

@@ -1,5 +1,7 @@
 #include "app/sheet_files.h"
 
+#include <algorithm>
+#include <iterator>
 #include <system_error>
 
 #include "app/wait_pointer.h"
@@ -25,8 +27,8 @@ void LeaveInSheet(SheetEditor& editor, const TrailingTexts& trailing, Notices& n
                      .column = 1});
 }
 
-void Export(const std::filesystem::path& path, const Grid& grid) {
-  if (CanWrite(path)) return WriteGridFile(path, grid);
+void Export(const std::filesystem::path& path, const Grid& grid, const ExportOptions& options) {
+  if (CanWrite(path)) return WriteGridFile(path, grid, options);
   WriteXls(path, grid);
 }
 
@@ -67,14 +69,18 @@ void SaveSheet(Platform& platform, SheetEditor& editor, const TrailingTexts& tra
 void ExportSheet(Platform& platform, const Grid& grid, std::string_view proposed_name) {
   Notices notices;
   try {
+    ExportOptions options;
     const auto path = platform.AskSave(
         {.title = "Open",
          .filters = {"Excel file (*.xls)|*.xls", "Excel workbook (*.xlsx)|*.xlsx",
                      "Comma separated values (*.csv)|*.csv", "Tab separated values (*.tsv)|*.tsv"},
-         .proposed_name = FileNameOf(proposed_name)});
+         .proposed_name = FileNameOf(proposed_name),
+         .option = "&Apostrophe before texts that begin with = + - @ (.csv, .tsv)",
+         .option_chosen = &options.safe_texts});
     if (path) {
-      const auto failure = WhyFailed(platform, [&] { Export(*path, grid); });
+      const auto failure = WhyFailed(platform, [&] { Export(*path, grid, options); });
       const bool done = NoteSave(*path, failure, notices);
+      if (done) std::ranges::copy(LossesOf(*path, grid), std::back_inserter(notices));
       platform.Show(
           {.text = done ? "Export complete." : "Export did not succeed.", .title = "Result"});
     }

@@ -38,12 +38,21 @@ std::string JoinLines(std::span<const std::string> lines) {
   return text;
 }
 
-Plot* FindPlot(std::vector<Plot>& plots, std::string_view window) {
-  const auto found = std::ranges::find(plots, window, &Plot::window);
-  return found == plots.end() ? nullptr : &*found;
+// Takes the plots of a run.  Plot windows that it left empty open empty.
+void TakePlots(ResultsWindow& window, std::vector<Plot> plots) {
+  window.plots = std::move(plots);
+  for (const PlotWindow& one : window.procedure->plot_windows)
+    if (window.FindPlot(one.window) == nullptr)
+      window.plots.push_back(
+          {.window = std::string(one.window), .caption = std::string(one.caption)});
 }
 
 }  // namespace
+
+Plot* ResultsWindow::FindPlot(std::string_view name) {
+  const auto found = std::ranges::find(plots, name, &Plot::window);
+  return found == plots.end() ? nullptr : &*found;
+}
 
 void Workbench::Tell(std::string_view text) { platform_.Show({.text = std::string(text)}); }
 
@@ -96,43 +105,55 @@ void Workbench::PrintNote(std::string_view text) {
 // --- An analysis
 
 OpenAnalysis& Workbench::Open(const Analysis& analysis) {
-  const auto found = std::ranges::find(open_, &analysis, &OpenAnalysis::analysis);
-  if (found != open_.end()) {
-    found->dialog_shown = true;
-    return *found;
-  }
-  OpenAnalysis& open = open_.emplace_back(analysis);
+  auto found = std::ranges::find(open_, &analysis, &OpenAnalysis::analysis);
+  if (found != open_.end() && found->dialog_shown) return *found;
+  if (found == open_.end())
+    found = open_.emplace(open_.end(), analysis);
+  else
+    Leave(*found);
+  found->form = Form(*analysis.dialog);
   if (const auto left = left_.find(&analysis); left != left_.end())
-    open.form.TakeNested(left->second);
-  return open;
+    found->form.TakeNested(left->second);
+  found->notices.clear();
+  found->dialog_shown = true;
+  return *found;
 }
 
 Outcome Workbench::PressOk(OpenAnalysis& open) {
   const WaitPointer wait(platform_);
-  if (const Rule* broken = open.form.BrokenRule()) {
+  Notices notices;
+  if (const Rule* broken = open.form.BrokenRule(notices)) {
     RunMessages(platform_).Tell(broken->words);
+    platform_.ShowNotices(notices);
     return Outcome::kRefused;
   }
-  RunProcedure(open);
-  return open.results->outcome;
+  ResultsWindow window = RunProcedure(open);
+  open.notices = window.notices;
+  platform_.ShowNotices(open.notices);
+  const Outcome outcome = window.outcome;
+  const bool closes = window.procedure->failure.aftermath == Aftermath::kWindowCloses;
+  const bool earlier_stays = outcome == Outcome::kRefused && open.ShowsResults() && !closes;
+  open.dialog_shown = earlier_stays || !window.shown;
+  if (!earlier_stays) open.results.emplace(std::move(window));
+  return outcome;
 }
 
-void Workbench::RunProcedure(OpenAnalysis& open) {
+ResultsWindow Workbench::RunProcedure(const OpenAnalysis& open) {
   const Procedure& procedure = ProcedureFor(*open.analysis, open.form);
-  ResultsWindow& window = open.results.emplace(ResultsWindow{
-      &procedure, procedure.title(open.form), ResultsSheet(project_.context()), open.form});
+  ResultsWindow window{&procedure, procedure.title(open.form), ResultsSheet(project_.context()),
+                       open.form};
   RunMessages messages(platform_);
   Run run{open.form, project_.worksheet(), project_.context(), messages, window.sheet};
   window.outcome = Execute(procedure, run);
   if (window.outcome == Outcome::kDone) window.outcome = KeepPicture(procedure, run);
-  window.notices = std::move(run.notices);
-  platform_.ShowNotices(window.notices);
   window.sheet.PaintHead();
   window.shown =
       window.outcome == Outcome::kDone || procedure.failure.aftermath == Aftermath::kWindowStays;
-  open.dialog_shown = !window.shown;
+  if (window.shown) TakePlots(window, std::move(run.plots));
   window.rejection = std::move(run.rejection);
-  TakePlots(window, window.shown ? std::move(run.plots) : std::vector<Plot>{});
+  window.notices = std::move(run.notices);
+  window.run = ++runs_;
+  return window;
 }
 
 Outcome Workbench::KeepPicture(const Procedure& procedure, Run& run) {
@@ -176,33 +197,25 @@ void Workbench::Reanalyse(OpenAnalysis& open) {
   }
 }
 
-// Windows of an earlier run under the same names go; those that the run left empty open empty.
-void Workbench::TakePlots(ResultsWindow& window, std::vector<Plot> plots) {
-  if (window.shown)
-    for (std::string_view name : window.procedure->plot_windows)
-      if (FindPlot(plots, name) == nullptr) plots.push_back({.window = std::string(name)});
-  window.plot_windows.clear();
-  for (Plot& plot : plots) {
-    std::erase_if(plots_, [&](const Plot& old) { return old.window == plot.window; });
-    window.plot_windows.push_back(plot.window);
-    plots_.push_back(std::move(plot));
-  }
-}
-
-void Workbench::UnloadResults(OpenAnalysis& open) {
-  if (!open.results) return;
-  std::erase_if(plots_, [&](const Plot& plot) { return Shows(open, plot); });
-  open.results.reset();
+void Workbench::Cancel(OpenAnalysis& open) {
+  if (!open.ShowsResults()) return Exit(open);
+  Form options = open.results->options;
+  options.TakeNested(open.form);
+  open.form = std::move(options);
+  open.dialog_shown = false;
 }
 
 void Workbench::BackToOptions(OpenAnalysis& open) {
-  UnloadResults(open);
+  open.results.reset();
   open.dialog_shown = true;
 }
 
-void Workbench::Exit(OpenAnalysis& open) {
-  UnloadResults(open);
+void Workbench::Leave(const OpenAnalysis& open) {
   left_.insert_or_assign(open.analysis, open.form);
+}
+
+void Workbench::Exit(OpenAnalysis& open) {
+  Leave(open);
   open_.remove_if([&](const OpenAnalysis& one) { return &one == &open; });
 }
 
@@ -213,7 +226,7 @@ Outcome Workbench::PressOk(const Tool& tool, const Form& form) {
   RunMessages messages(platform_);
   ToolRun run{form, worksheet(), messages};
   Outcome outcome = Outcome::kRefused;
-  project_.Do([&] { outcome = Guard(messages, tool.failure, [&] { tool.run(run); }); });
+  project_.Do([&] { outcome = Execute(tool, run); });
   platform_.ShowNotices(run.notices);
   return outcome;
 }
@@ -229,20 +242,14 @@ void Workbench::PrintPlots(OpenAnalysis& open, std::string_view entry) {
   std::vector<const PlotJob*> jobs;
   for (const PlotJob& job : open.results->procedure->plot_jobs)
     if (job.entry == entry) jobs.push_back(&job);
-  if (!quorval::PrintPlots(platform_, jobs, plots_, project_.context().AppFolder)) Tell("Error");
+  const std::filesystem::path& folder = project_.context().AppFolder;
+  if (!quorval::PrintPlots(platform_, jobs, open.results->plots, folder)) Tell("Error");
 }
 
-void Workbench::AddPlotToSheet(const Plot& plot) {
-  const auto owner = std::ranges::find_if(
-      open_, [&](const OpenAnalysis& open) { return open.results && Shows(open, plot); });
-  if (owner == open_.end()) return;
+void Workbench::AddPlotToSheet(OpenAnalysis& open, const Plot& plot) {
   Picture picture = PictureOf(platform_, plot, project_.context().AppFolder / " Chart2D1Res.bmp");
   if (!picture) return Tell("Error");
-  AddPictureBelow(owner->results->sheet.grid(), std::move(picture));
-}
-
-bool Shows(const OpenAnalysis& open, const Plot& plot) {
-  return open.results && std::ranges::count(open.results->plot_windows, plot.window) > 0;
+  AddPictureBelow(open.results->sheet.grid(), std::move(picture));
 }
 
 void Workbench::SaveResults(OpenAnalysis& open) {

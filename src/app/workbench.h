@@ -46,13 +46,16 @@ class Workbench {
 
   // --- An analysis: from its menu entry to its exit
 
-  // Loads and shows its options dialog; the one that is loaded already, if there is one.
+  // Loads and shows its options dialog with the defaults, but for the fields of the dialogs behind
+  // its buttons, which keep what was last accepted.  One that is shown already stays as it is, and
+  // so do results.
   OpenAnalysis& Open(const Analysis& analysis);
-  // Validates the fields and runs.  The only way to a run.
+  // Validates the fields and runs.  The only way to a run.  A run that ends takes the place of the
+  // analysis' earlier results and plots.  One that is refused leaves them as they are, unless its
+  // window closes on a failure.
   Outcome PressOk(OpenAnalysis& open);
-  // Unloads the dialog; its fields are back at their defaults when it opens again, but for those of
-  // the dialogs behind its buttons.
-  void Cancel(OpenAnalysis& open) { Exit(open); }
+  // Closes the dialog with nothing done: results that are shown stay, with the options they had.
+  void Cancel(OpenAnalysis& open);
   // Unloads the results and their plots, and shows the dialog with its fields as they were.
   void BackToOptions(OpenAnalysis& open);
   // Unloads the results window, its dialog and its plots.
@@ -73,12 +76,10 @@ class Workbench {
   void PrintResults(OpenAnalysis& open);
   // The jobs of one File entry; the empty entry is the common one.
   void PrintPlots(OpenAnalysis& open, std::string_view entry = {});
-  // The plot's picture below the rows of the results sheet that drew it.
-  void AddPlotToSheet(const Plot& plot);
+  // The picture of one of its plots below the rows of its results sheet.
+  void AddPlotToSheet(OpenAnalysis& open, const Plot& plot);
 
   std::list<OpenAnalysis>& open() { return open_; }
-  // The plot windows, one for each name whichever analysis filled it.
-  std::vector<Plot>& plots() { return plots_; }
 
   // --- Help
 
@@ -89,11 +90,11 @@ class Workbench {
 
  private:
   bool TakeExample(const Example& example);
-  void RunProcedure(OpenAnalysis& open);
+  // Keeps the fields of the dialogs behind the buttons.
+  void Leave(const OpenAnalysis& open);
+  ResultsWindow RunProcedure(const OpenAnalysis& open);
   // The picture is part of the run: the run has failed where it cannot be kept.
   Outcome KeepPicture(const Procedure& procedure, Run& run);
-  void TakePlots(ResultsWindow& window, std::vector<Plot> plots);
-  void UnloadResults(OpenAnalysis& open);
   void Tell(std::string_view text);
 
   Platform& platform_;
@@ -101,10 +102,7 @@ class Workbench {
   ProjectFiles files_{platform_, project_};
   std::list<OpenAnalysis> open_;          // a list: views hold on to the elements
   std::map<const Analysis*, Form> left_;  // as their users left them
-  std::vector<Plot> plots_;
+  int runs_ = 0;
 };
-
-// Whether a plot belongs to the results window of an open analysis.
-bool Shows(const OpenAnalysis& open, const Plot& plot);
 
 }  // namespace quorval

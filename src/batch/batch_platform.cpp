@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iostream>
 
+#include "formats/file_error.h"
+
 namespace quorval {
 namespace {
 
@@ -33,11 +35,25 @@ bool BatchPlatform::Print(std::span<const PrintJob> jobs) {
 }
 
 bool BatchPlatform::WritePicture(const Plot& plot, const std::filesystem::path& path) {
-  return pictures_ != nullptr && pictures_->Write(plot, path);
+  try {
+    HandOutPicture(plot, path);
+    return true;
+  } catch (const FileError&) {
+    return false;
+  }
 }
 
-bool BatchPlatform::WritePages(const std::filesystem::path& path) const {
-  return pictures_ != nullptr && pictures_->Print(printed_jobs_, path);
+void BatchPlatform::HandOutPicture(const Plot& plot, const std::filesystem::path& path) const {
+  Drawing().Write(plot, path);
+}
+
+void BatchPlatform::HandOutPages(const std::filesystem::path& path) const {
+  Drawing().Print(printed_jobs_, path);
+}
+
+Pictures& BatchPlatform::Drawing() const {
+  if (pictures_ == nullptr) throw FileError("nothing can be drawn");
+  return *pictures_;
 }
 
 }  // namespace quorval

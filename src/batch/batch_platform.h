@@ -21,10 +21,14 @@ class BatchPlatform : public Unattended {
   bool Print(std::span<const PrintJob> jobs) override;
   bool WritePicture(const Plot& plot, const std::filesystem::path& path) override;
 
-  // All that was printed, as one PDF; false where it cannot be written.
-  bool WritePages(const std::filesystem::path& path) const;
+  // What a user asked for: a plot's picture, and all that was printed as one PDF.  Both throw a
+  // FileError, of a platform without pictures too.
+  void HandOutPicture(const Plot& plot, const std::filesystem::path& path) const;
+  void HandOutPages(const std::filesystem::path& path) const;
 
  private:
+  Pictures& Drawing() const;
+
   Pictures* pictures_;
   std::list<Grid> printed_grids_;  // a list: the jobs point into it
   std::vector<PrintJob> printed_jobs_;

@@ -14,6 +14,7 @@ namespace {
 struct ConvertOptions {
   std::vector<std::string> files;
   DataSource data;
+  ExportOptions output;
 };
 
 ExitStatus Convert(ConvertOptions options) {
@@ -25,7 +26,7 @@ ExitStatus Convert(ConvertOptions options) {
   BatchPlatform platform(nullptr);
   Workbench workbench(platform, {});
   LoadData(options.data, workbench);
-  WriteWorksheetFile(options.files.back(), workbench);
+  WriteWorksheetFile(options.files.back(), workbench, options.output, platform);
   return ExitStatus::kDone;
 }
 
@@ -39,6 +40,7 @@ void AddConvertCommand(CLI::App& program, Task& chosen) {
       ->required()
       ->expected(1, 2);
   AddExampleSource(*convert, options->data);
+  AddSafeTexts(*convert, options->output);
   convert->footer(
       "Reads .qvl, .xls, .xlsx, .ods, .csv and .tsv; writes .qvl, .xls, .xlsx, .csv and .tsv.");
   convert->callback([&chosen, options] { chosen = [options] { return Convert(*options); }; });

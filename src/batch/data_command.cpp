@@ -21,6 +21,7 @@ struct DataOptions {
   DataSource data;
   std::vector<std::string> settings;
   std::string save, json;
+  ExportOptions output;
 };
 
 ExitStatus RunTool(const DataOptions& options) {
@@ -33,7 +34,7 @@ ExitStatus RunTool(const DataOptions& options) {
 
   const Outcome outcome = workbench.PressOk(tool, form);
   if (outcome == Outcome::kDone && !options.save.empty())
-    WriteWorksheetFile(options.save, workbench);
+    WriteWorksheetFile(options.save, workbench, options.output, platform);
   if (!options.json.empty())
     WriteText(JsonText(ToolJson(tool, form, outcome, platform.boxes(), platform.notices(),
                                 workbench.worksheet())),
@@ -52,6 +53,7 @@ void AddDataCommand(CLI::App& program, Task& chosen) {
   AddSettings(*data, options->settings);
   data->add_option("--save", options->save, "Write the worksheet, in the format of the extension")
       ->type_name("FILE");
+  AddSafeTexts(*data, options->output);
   data->add_option("--json", options->json, "Write the worksheet as JSON; - is standard output")
       ->type_name("FILE");
   data->footer("A refusal changes nothing and writes no file but the JSON.");

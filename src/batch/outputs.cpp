@@ -11,32 +11,33 @@
 #include "batch/run_json.h"
 #include "batch/sheet_table.h"
 #include "batch/worksheet_output.h"
+#include "formats/file_error.h"
+#include "formats/replaced_file.h"
 
 namespace quorval {
 namespace {
+
+// What the program was given open, such as by a shell's ">(command)", and where text may vanish.
+// It is written to; any other pipe or device is refused.
+bool IsStream(const std::string& file) {
+  return file == "/dev/null" || file == "/dev/stderr" || file.starts_with("/dev/fd/") ||
+         file.starts_with("/proc/self/fd/");
+}
 
 CLI::Validator Named() {
   return {[](std::string& name) { return name.empty() ? "a name is needed" : ""; }, ""};
 }
 
-std::vector<const Plot*> PlotsOf(const OpenAnalysis& open, Workbench& workbench) {
-  std::vector<const Plot*> plots;
-  for (const Plot& plot : workbench.plots())
-    if (Shows(open, plot)) plots.push_back(&plot);
-  return plots;
-}
+bool ShowsData(const Plot& plot) { return plot.shown && !plot.series.empty(); }
 
-bool ShowsData(const Plot* plot) { return plot->shown && !plot->series.empty(); }
-
-void WritePictures(const std::vector<const Plot*>& plots, const Outputs& outputs,
-                   BatchPlatform& platform) {
+void WritePictures(std::span<const Plot> plots, const Outputs& outputs, BatchPlatform& platform) {
   const std::filesystem::path folder(outputs.plots);
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   if (error) throw Unusable(outputs.plots + ": the folder cannot be made: " + error.message());
-  for (const Plot* plot : plots) {
-    const auto path = folder / (plot->window + "." + outputs.plot_format);
-    if (ShowsData(plot) && !platform.WritePicture(*plot, path)) FailToWrite(path);
+  for (const Plot& plot : plots) {
+    const auto path = folder / (plot.window + "." + outputs.plot_format);
+    if (ShowsData(plot)) WriteFile(path, [&] { platform.HandOutPicture(plot, path); });
   }
 }
 
@@ -48,26 +49,32 @@ void PrintAllPlots(OpenAnalysis& open, Workbench& workbench) {
   for (std::string_view entry : entries) workbench.PrintPlots(open, entry);
 }
 
-void WriteReport(const std::vector<const Plot*>& plots, const std::string& file, OpenAnalysis& open,
+void WriteReport(std::span<const Plot> plots, const std::string& file, OpenAnalysis& open,
                  Workbench& workbench, BatchPlatform& platform) {
   workbench.PrintResults(open);
   if (std::ranges::any_of(plots, ShowsData)) PrintAllPlots(open, workbench);
-  if (!platform.WritePages(file)) FailToWrite(file);
+  WriteFile(file, [&] { platform.HandOutPages(file); });
 }
 
 }  // namespace
 
 void WriteText(const std::string& text, const std::string& file) {
-  if (file == "-") {
+  if (file == "-" || file == "/dev/stdout") {
     std::cout << text;
-    return;
+  } else if (IsStream(file)) {
+    std::ofstream stream(file, std::ios::binary | std::ios::app);
+    if (!(stream << text).flush()) throw Unusable(file + ": it cannot be written to");
+  } else {
+    WriteFile(file, [&] { ReplaceFile(file, text); });
   }
-  std::ofstream stream(file, std::ios::binary);
-  if (!(stream << text).flush()) FailToWrite(file);
 }
 
-void FailToWrite(const std::filesystem::path& path) {
-  throw Unusable(path.string() + ": the file cannot be written");
+void WriteFile(const std::filesystem::path& path, const std::function<void()>& write) {
+  try {
+    write();
+  } catch (const FileError& error) {
+    throw Unusable(path.string() + ": " + error.what());
+  }
 }
 
 CLI::Option* AddFileOption(CLI::App& command, const std::string& option, std::string& file,
@@ -82,6 +89,7 @@ void AddOutputs(CLI::App& command, Outputs& outputs) {
                 "FILE.qvl");
   AddFileOption(command, "--export", outputs.export_results,
                 "Write the results sheet as .xls, .xlsx or .csv, by the extension");
+  AddSafeTexts(command, outputs.options);
   CLI::Option* const plots = AddFileOption(command, "--plots", outputs.plots,
                                            "Write a picture of each plot window into DIR", "DIR");
   command
@@ -106,16 +114,18 @@ std::unique_ptr<Pictures> MakePictures() {
 
 void HandOut(const Outputs& outputs, Outcome outcome, OpenAnalysis& open, Workbench& workbench,
              BatchPlatform& platform) {
-  const std::vector<const Plot*> plots = PlotsOf(open, workbench);
+  const std::span<const Plot> plots =
+      open.results ? std::span<const Plot>(open.results->plots) : std::span<const Plot>{};
   const bool window_open = open.results && open.results->shown;
   if (outputs.json != "-" && window_open) std::cout << SheetTable(open.results->sheet.grid());
-  if (!outputs.json.empty())
-    WriteText(JsonText(RunJson(open, outcome, platform.boxes(), platform.notices(), plots)),
-              outputs.json);
   if (window_open && !outputs.save.empty())
     WriteResultsFile(outputs.save, open.results->sheet.grid());
   if (window_open && !outputs.export_results.empty())
-    WriteExport(outputs.export_results, open.results->sheet.grid());
+    WriteExport(outputs.export_results, open.results->sheet.grid(), outputs.options, platform);
+  // Behind the export, whose notices it tells.
+  if (!outputs.json.empty())
+    WriteText(JsonText(RunJson(open, outcome, platform.boxes(), platform.notices(), plots)),
+              outputs.json);
   if (!outputs.plots.empty()) WritePictures(plots, outputs, platform);
   if (!outputs.report.empty() && window_open)
     WriteReport(plots, outputs.report, open, workbench, platform);

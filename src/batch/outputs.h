@@ -3,11 +3,13 @@
 
 #include <CLI/CLI.hpp>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
 #include "app/workbench.h"
 #include "batch/batch_platform.h"
+#include "formats/export_options.h"
 
 namespace quorval {
 
@@ -18,9 +20,10 @@ struct Outputs {
   std::string report;          // a PDF file; empty: none
   std::string save;            // a results file; empty: none
   std::string export_results;  // a sheet of another program; empty: none
+  ExportOptions options;       // of that sheet
 };
 
-// --json, --save, --export, --plots, --plot-format and --report.
+// --json, --save, --export, --safe-texts, --plots, --plot-format and --report.
 void AddOutputs(CLI::App& command, Outputs& outputs);
 
 // An option that takes the name of a file or a folder, which is not empty.
@@ -29,7 +32,10 @@ CLI::Option* AddFileOption(CLI::App& command, const std::string& option, std::st
 
 // "-" is standard output.  Throws Unusable where the file cannot be written.
 void WriteText(const std::string& text, const std::string& file);
-[[noreturn]] void FailToWrite(const std::filesystem::path& path);
+
+// Calls `write`.  Throws Unusable, which names the file and the reason, where that throws a
+// FileError.
+void WriteFile(const std::filesystem::path& path, const std::function<void()>& write);
 
 // What draws and prints.  Throws Unusable in a program built without.
 std::unique_ptr<Pictures> MakePictures();

@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <iostream>
 
+#include "formats/file_error.h"
+#include "formats/replaced_file.h"
 #include "painting/page_painter.h"
 #include "painting/picture.h"
 
@@ -23,6 +25,11 @@ bool Prepare() {
   qInstallMessageHandler(PassOnFailures);
   QLocale::setDefault(QLocale::c());
   return qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+void ReplaceBy(const QByteArray& bytes, const std::filesystem::path& path) {
+  if (bytes.isEmpty()) throw FileError("it cannot be drawn");
+  ReplaceFile(path, {bytes.data(), static_cast<std::size_t>(bytes.size())});
 }
 
 }  // namespace
@@ -44,12 +51,12 @@ Pictures::~Pictures() = default;
 
 std::filesystem::path Pictures::Folder() const { return drawing_->folder.path().toStdString(); }
 
-bool Pictures::Write(const Plot& plot, const std::filesystem::path& path) {
-  return WritePicture(plot, path);
+void Pictures::Write(const Plot& plot, const std::filesystem::path& path) {
+  ReplaceBy(PictureBytes(plot, path.extension().string()), path);
 }
 
-bool Pictures::Print(std::span<const PrintJob> jobs, const std::filesystem::path& path) {
-  return PrintToPdf(jobs, QLocale::c(), path);
+void Pictures::Print(std::span<const PrintJob> jobs, const std::filesystem::path& path) {
+  ReplaceBy(PdfBytes(jobs, QLocale::c()), path);
 }
 
 }  // namespace quorval
@@ -68,9 +75,9 @@ Pictures::~Pictures() = default;
 
 std::filesystem::path Pictures::Folder() const { return {}; }
 
-bool Pictures::Write(const Plot&, const std::filesystem::path&) { return false; }
+void Pictures::Write(const Plot&, const std::filesystem::path&) {}
 
-bool Pictures::Print(std::span<const PrintJob>, const std::filesystem::path&) { return false; }
+void Pictures::Print(std::span<const PrintJob>, const std::filesystem::path&) {}
 
 }  // namespace quorval
 

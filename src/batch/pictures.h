@@ -21,9 +21,9 @@ class Pictures {
   // For the bitmaps of printed plots; goes with this object.
   std::filesystem::path Folder() const;
 
-  // Both are false where the file cannot be written.
-  bool Write(const Plot& plot, const std::filesystem::path& path);
-  bool Print(std::span<const PrintJob> jobs, const std::filesystem::path& path);
+  // Both throw a FileError where the file cannot be written.
+  void Write(const Plot& plot, const std::filesystem::path& path);
+  void Print(std::span<const PrintJob> jobs, const std::filesystem::path& path);
 
  private:
   struct Drawing;

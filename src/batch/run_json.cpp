@@ -113,17 +113,17 @@ Json PlotJson(const Plot& plot) {
   return json;
 }
 
-Json PlotsJson(std::span<const Plot* const> plots, Outcome outcome) {
+Json PlotsJson(std::span<const Plot> plots, Outcome outcome) {
   Json json = Json::array();
-  for (const Plot* plot : plots)
-    if (outcome == Outcome::kDone || !plot->series.empty()) json.push_back(PlotJson(*plot));
+  for (const Plot& plot : plots)
+    if (outcome == Outcome::kDone || !plot.series.empty()) json.push_back(PlotJson(plot));
   return json;
 }
 
 }  // namespace
 
 Json RunJson(const OpenAnalysis& open, Outcome outcome, std::span<const MessageBox> boxes,
-             const Notices& notices, std::span<const Plot* const> plots) {
+             const Notices& notices, std::span<const Plot> plots) {
   return {{"schema", kJsonSchema},
           {"analysis", open.analysis->id},
           {"options", OptionsJson(open.form)},

@@ -11,7 +11,7 @@ namespace quorval {
 
 // What a run showed.  `plots` are those beside its results window.
 Json RunJson(const OpenAnalysis& open, Outcome outcome, std::span<const MessageBox> boxes,
-             const Notices& notices, std::span<const Plot* const> plots);
+             const Notices& notices, std::span<const Plot> plots);
 
 // What a data tool did; its worksheet's rows count from 0, as the user sees them.
 Json ToolJson(const Tool& tool, const Form& form, Outcome outcome,

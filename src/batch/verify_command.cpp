@@ -49,7 +49,7 @@ ExitStatus RunVerification(const VerifyOptions& options) {
   if (options.json != "-") std::cout << SheetTable(sheet);
   if (!options.json.empty()) WriteText(JsonText(VerificationJson(verification)), options.json);
   const PrintJob pages = VerificationPages(sheet);
-  if (pictures && !pictures->Print({&pages, 1}, options.report)) FailToWrite(options.report);
+  if (pictures) WriteFile(options.report, [&] { pictures->Print({&pages, 1}, options.report); });
   return verification.Failures() == 0 ? ExitStatus::kDone : ExitStatus::kRefused;
 }
 

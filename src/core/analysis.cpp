@@ -10,7 +10,9 @@ const Procedure& ProcedureFor(const Analysis& analysis, const Form& form) {
 }
 
 Outcome Execute(const Procedure& procedure, Run& run) {
-  const Outcome outcome = Guard(run.messages, procedure.failure, [&] { procedure.run(run); });
+  const Form::Listening listening(run.form, run.notices);
+  const Outcome outcome = Guard(run.messages, procedure.failure,
+                                [&] { NotingItsFault(run.notices, [&] { procedure.run(run); }); });
   if (outcome == Outcome::kRefused) run.plots.clear();
   return outcome;
 }

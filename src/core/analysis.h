@@ -68,7 +68,7 @@ struct Procedure {
   FileMenu menu{};
   std::string_view print_header{};
   std::span<const PlotJob> plot_jobs{};
-  std::span<const std::string_view> plot_windows{};  // open beside the results, filled or not
+  std::span<const PlotWindow> plot_windows{};  // open beside the results, filled or not
   PlotButton plot_button{};
   KeptPicture kept_picture{};
   bool offers_tutorial = false;  // "&Tutorial" in the Help menu

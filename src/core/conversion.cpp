@@ -92,6 +92,10 @@ Real LeadingNumber(std::string_view text) {
   return length == 0 ? Real(0) : Convert(rest.substr(0, length));
 }
 
+bool StartsWithNumber(std::string_view text) {
+  return NumberLength(WithoutLeadingBlanks(text)) > 0;
+}
+
 int ToInt16(std::string_view text) {
   const Real whole = RoundHalfEven(ToNumber(text));
   using Limits = std::numeric_limits<std::int16_t>;
@@ -101,9 +105,10 @@ int ToInt16(std::string_view text) {
 
 std::uint8_t ToDecimals(std::string_view text) {
   constexpr int kMostDecimals = 30;
-  const int decimals = ToInt16(text);
-  if (decimals < 0 || decimals > kMostDecimals) Raise(Fault::Kind::kBadArgument);
-  return static_cast<std::uint8_t>(decimals);
+  if (!IsNumber(text)) Raise(Fault::Kind::kDecimals);
+  const Real decimals = RoundHalfEven(ToNumber(text));
+  if (decimals < 0 || decimals > kMostDecimals) Raise(Fault::Kind::kDecimals);
+  return static_cast<std::uint8_t>(Raw(decimals));
 }
 
 Sample ToNumbers(std::span<const std::string> texts) {

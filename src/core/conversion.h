@@ -22,11 +22,12 @@ Real ToNumber(std::string_view text);
 
 // The number that a text starts with; 0 where there is none.
 Real LeadingNumber(std::string_view text);
+bool StartsWithNumber(std::string_view text);
 
 // The whole text as a 16-bit integer, halves to even.  A Fault on a word and beyond 16 bits.
 int ToInt16(std::string_view text);
 
-// The decimals of a number cell: a whole number from 0 to 30, or a Fault.
+// The decimals of a number cell: a whole number from 0 to 30, or a Fault of that kind.
 std::uint8_t ToDecimals(std::string_view text);
 
 Sample ToNumbers(std::span<const std::string> texts);

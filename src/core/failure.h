@@ -2,15 +2,19 @@
 // Failure (a routine has told its own words) and a Refusal (the run has said all there is to say).
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <utility>
 
 #include "core/fault.h"
 #include "core/messages.h"
+#include "core/notice.h"
 
 namespace quorval {
 
-struct Failure {};
+struct Failure {
+  std::optional<Fault> fault{};  // that the routine ended in
+};
 struct Refusal {};
 
 // Runs `work`.  A Fault in it is told as `words` and goes no further; what the work had stored by
@@ -31,9 +35,9 @@ template <class Work>
 auto Insist(Messages& messages, std::string_view words, Work&& work) {
   try {
     return std::forward<Work>(work)();
-  } catch (const Fault&) {
+  } catch (const Fault& fault) {
     messages.Tell(words);
-    throw Failure{};
+    throw Failure{fault};
   }
 }
 
@@ -45,6 +49,23 @@ auto TellAlso(Messages& messages, std::string_view words, Work&& work) {
     return std::forward<Work>(work)();
   } catch (const Failure&) {
     messages.Tell(words);
+    throw;
+  }
+}
+
+// Notes what stopped the arithmetic, unless a notice tells of it.
+void NoteFault(Notices& notices, const Fault& fault);
+
+// Runs `work`.  The Fault that ends it is noted and goes on up, claimed by a routine or not.
+template <class Work>
+void NotingItsFault(Notices& notices, Work&& work) {
+  try {
+    std::forward<Work>(work)();
+  } catch (const Fault& fault) {
+    NoteFault(notices, fault);
+    throw;
+  } catch (const Failure& failure) {
+    if (failure.fault) NoteFault(notices, *failure.fault);
     throw;
   }
 }

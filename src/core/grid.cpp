@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "core/conversion.h"
 
@@ -9,88 +10,76 @@ namespace quorval {
 
 namespace {
 
-// A column that grows beyond this gets room for all rows, so that its cells move no more; what is
-// not written to takes no memory of the machine's.
-constexpr std::size_t kRowsBeforeAll = 1024;
+// A column that grows beyond this gets room for all rows, so that its cells move no more.
+constexpr int kRowsBeforeAll = 1024;
+
+std::size_t Index(int row) { return static_cast<std::size_t>(row - 1); }
 
 }  // namespace
 
-std::string Cell::Text() const {
-  if (look.type == CellType::kNumber && value) return FixedText(*value, look.decimals);
-  return Value();
+const CellColumn* Grid::Column(int column) const {
+  if (column < 1 || column > Columns()) return nullptr;
+  return &columns_[static_cast<std::size_t>(column - 1)];
 }
 
-std::string Cell::Value() const { return value ? ShortestText(*value) : text; }
-
-Cell EditNumber(Real value) {
-  Cell cell;
-  cell.value = Raw(value);
-  return cell;
-}
-
-const Cell& Grid::At(int column, int row) const {
-  static const Cell kNothing;
-  if (column < 1 || column > Columns() || row < 1) return kNothing;
-  const auto& cells = cells_[static_cast<std::size_t>(column - 1)];
-  const auto index = static_cast<std::size_t>(row - 1);
-  return index < cells.size() ? cells[index] : kNothing;
-}
-
-Cell& Grid::Edit(int column, int row) {
+CellColumn& Grid::ToWrite(int column, int row) {
   if (row < 1 || row > rows_) throw std::out_of_range("row");
-  auto& cells = cells_.at(static_cast<std::size_t>(column - 1));
-  const auto index = static_cast<std::size_t>(row - 1);
-  if (index >= cells.size()) {
-    if (index >= kRowsBeforeAll) cells.reserve(static_cast<std::size_t>(rows_));
-    cells.resize(index + 1);
-  }
-  return cells[index];
+  CellColumn& cells = columns_.at(static_cast<std::size_t>(column - 1));
+  if (row > kRowsBeforeAll && Index(row) >= cells.Size())
+    cells.Reserve(static_cast<std::size_t>(rows_));
+  return cells;
 }
+
+Cell Grid::At(int column, int row) const {
+  const CellColumn* const cells = Column(column);
+  return cells != nullptr && row >= 1 ? cells->At(Index(row), looks_) : Cell{};
+}
+
+bool Grid::Empty(int column, int row) const {
+  const CellColumn* const cells = Column(column);
+  return cells == nullptr || row < 1 || cells->Empty(Index(row));
+}
+
+void Grid::Put(int column, int row, Cell cell) {
+  ToWrite(column, row).Put(Index(row), std::move(cell), looks_);
+}
+
+Cell& Grid::Edit(int column, int row) { return ToWrite(column, row).Edit(Index(row), looks_); }
 
 void Grid::SetText(int column, int row, std::string_view text) {
-  if (text.empty() && At(column, row).Empty()) return;
-  Cell& cell = Edit(column, row);
-  cell.value.reset();
-  cell.text.clear();
-  if (cell.look.type == CellType::kNumber && IsNumber(text)) {
-    cell.value = Raw(ToNumber(text));
-    return;
-  }
-  if (!text.empty()) cell.look.type = CellType::kEdit;
-  cell.text = text;
+  if (text.empty() && Empty(column, row)) return;
+  CellColumn& cells = ToWrite(column, row);
+  CellLook look = cells.LookAt(Index(row), looks_);
+  if (look.type == CellType::kNumber && IsNumber(text))
+    return cells.SetNumber(Index(row), Raw(ToNumber(text)));
+  cells.SetText(Index(row), text);
+  if (text.empty() || std::exchange(look.type, CellType::kEdit) == CellType::kEdit) return;
+  cells.SetLook(Index(row), look, looks_);
 }
 
 void Grid::SetValue(int column, int row, Real value) {
-  Cell& cell = Edit(column, row);
-  cell.text.clear();
-  cell.value = Raw(value);
+  ToWrite(column, row).SetNumber(Index(row), Raw(value));
 }
 
 void Grid::SetNumber(int column, int row, Real value, std::uint8_t decimals) {
-  Cell& cell = Edit(column, row);
-  cell.look.type = CellType::kNumber;
-  cell.look.decimals = decimals;
-  cell.text.clear();
-  cell.value = Raw(value);
+  CellColumn& cells = ToWrite(column, row);
+  cells.SetNumber(Index(row), Raw(value));
+  CellLook look = cells.LookAt(Index(row), looks_);
+  look.type = CellType::kNumber;
+  look.decimals = decimals;
+  cells.SetLook(Index(row), look, looks_);
 }
 
 void Grid::ClearRange(int first_column, int first_row, int last_column, int last_row) {
-  for (int column = std::max(first_column, 1); column <= std::min(last_column, Columns());
-       ++column) {
-    auto& cells = cells_[static_cast<std::size_t>(column - 1)];
-    const auto first = static_cast<std::size_t>(std::max(first_row, 1) - 1);
-    const auto end = std::min(cells.size(), static_cast<std::size_t>(std::max(last_row, 0)));
-    if (first >= end) continue;
-    if (end == cells.size()) {
-      cells.resize(first);
-    } else {
-      for (std::size_t i = first; i < end; ++i) cells[i] = Cell{};
-    }
-  }
+  const std::size_t first = Index(std::max(first_row, 1));
+  const auto end = static_cast<std::size_t>(std::max(last_row, 0));
+  for (int column = std::max(first_column, 1); column <= std::min(last_column, Columns()); ++column)
+    columns_[static_cast<std::size_t>(column - 1)].Clear(first, end);
 }
 
 void Grid::ClearAll() {
-  for (auto& cells : cells_) cells.clear();
+  columns_ = std::vector<CellColumn>(columns_.size());
+  looks_ = {};
 }
 
 void Grid::SetRows(int rows) {
@@ -110,19 +99,19 @@ bool Grid::operator==(const Grid& other) const {
 
 int Grid::DataRowCnt() const {
   std::size_t count = 0;
-  for (const auto& cells : cells_) {
-    std::size_t used = cells.size();
-    while (used > count && cells[used - 1].Empty()) --used;
+  for (const CellColumn& cells : columns_) {
+    std::size_t used = cells.Size();
+    while (used > count && cells.Empty(used - 1)) --used;
     count = std::max(count, used);
   }
   return static_cast<int>(count);
 }
 
 int Grid::DataColCnt() const {
-  const auto used = std::find_if(cells_.rbegin(), cells_.rend(), [](const auto& cells) {
-    return !std::all_of(cells.begin(), cells.end(), [](const Cell& cell) { return cell.Empty(); });
-  });
-  return static_cast<int>(cells_.rend() - used);
+  for (int column = Columns(); column >= 1; --column)
+    for (int row = 1; row <= UsedRows(column); ++row)
+      if (!Empty(column, row)) return column;
+  return 0;
 }
 
 }  // namespace quorval

@@ -1,8 +1,11 @@
 // How an analysis takes its columns from the worksheet.  A column starts in row 1 and ends at its
-// first empty cell; elements are texts, which the analysis converts.
+// first empty cell; elements are texts, which the analysis converts.  What a column hides from the
+// analysis is noted: what stands below the gap that ended it, a word among its numbers, a column
+// that is shorter than its fellow.
 #pragma once
 
 #include <array>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -26,27 +29,47 @@ struct Column {
   std::string header{};  // the text of row 0
   Texts values{};
   Texts ids{};  // only where an ID column is read; as long as `values`
+
+  // The values as numbers, of 64 bits or rounded to 32.  A word, and a number too large, is noted
+  // and is a Fault.
+  Real Number(Notices& notices, std::size_t index) const;  // from 0
+  Sample Numbers(Notices& notices) const;
+  Sample Numbers32(Notices& notices) const;
 };
 
 struct PairColumns {
-  std::array<int, 4> numbers{};  // the first two in the single form
-  std::array<Texts, 4> values{};
+  std::array<Column, 4> columns{};  // the first two in the single form
   Texts ids{};
-  int N = 0;
+
+  std::array<int, 4> ColumnNumbers() const;
 };
 
 // The cells of one column from row 1 to the first empty one.  A column beyond the grid is empty.
 Texts WalkColumn(const Worksheet& worksheet, int column);
+// The same with its title; where it ends is noted.
+Column WalkColumn(Notices& notices, const Worksheet& worksheet, int column);
 
-// The texts of rows 1 to n of a column, by position, whatever they hold; n empty texts when the
-// column is below 1.
-Texts TextsOfRows(const Worksheet& worksheet, int column, std::size_t n);
+// Notes which columns, of those that belong together, are shorter than the longest.
+struct ColumnLength {
+  int column;
+  std::size_t values;
+};
+void NoteLengths(Notices& notices, const std::vector<ColumnLength>& lengths);
+std::vector<ColumnLength> LengthsOf(std::span<const Column> columns);
+
+// The texts of rows 1 to n of the column that a field names, by position, whatever they hold; n
+// empty texts when it is below 1.  `noun` says what they are: "ID", "date".
+Texts ReadLabels(Run& run, const Field& field, std::size_t n, std::string_view noun);
+
+// The number in row 1 of a column; as Column::Numbers().
+Real FirstNumber(Run& run, int column);
 
 inline namespace MCregaM3 {
 
 // The column routines refuse a number below 1 or above 500 with a box and a Failure.
-Column ReadColumn(Messages& messages, const Worksheet& worksheet, int column);
+Column ReadColumn(Messages& messages, Notices& notices, const Worksheet& worksheet, int column);
 Column ReadColumn(Run& run, int column);
+Column ReadColumn(Run& run, const Field& field);
 Column ReadDialogColumn(Run& run);  // of Text1
 Column ReadColumnWithId(Run& run);  // of Text1, with the IDs of Text2 unless that is blank
 

@@ -20,4 +20,10 @@ struct Notice {
 // In the order in which they arose.
 using Notices = std::vector<Notice>;
 
+// Adds a notice that does not stand there yet: a column that is read twice has one gap.
+void Note(Notices& notices, Notice notice);
+
+// "1 number", "2 numbers".
+std::string Counted(std::size_t count, std::string_view noun);
+
 }  // namespace quorval

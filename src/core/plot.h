@@ -53,6 +53,19 @@ struct RedrawnLines {
   bool operator==(const RedrawnLines&) const = default;
 };
 
+// A plot window by its names.
+struct PlotWindow {
+  std::string_view window;
+  std::string_view caption;
+};
+
+// The section of the axes that the user has chosen to see.
+struct View {
+  double x_min, x_max, y_min, y_max;
+
+  bool operator==(const View&) const = default;
+};
+
 // A plot window: series and axes, and no statistics.  Series are counted from 1.
 struct Plot {
   std::string window;
@@ -64,6 +77,7 @@ struct Plot {
   Axis x{}, y{};
   std::vector<Series> series{};
   std::optional<RedrawnLines> lines{};
+  std::optional<View> view{};  // none: all of it
 
   Series& Add(Series s);
   Series& AddPoints(Points points, Mark mark = Mark::kDot);

@@ -16,41 +16,41 @@ void ResultsSheet::Frame(std::string_view title, DateBeside date) {
   Put(static_cast<int>(date), 3, "  Date: ");
 }
 
-Cell& ResultsSheet::Edit(int row, int column) {
+void ResultsSheet::Replace(int row, int column, Cell cell) {
   if (row > kRows || column > kColumns) Raise(Fault::Kind::kOutOfRange);
-  return grid_.Edit(column, row);
+  grid_.Put(column, row, std::move(cell));
 }
 
 void ResultsSheet::Put(int row, int column, std::string_view text) {
   Cell cell;
   cell.text = text;
   cell.look.overflow = texts_overflow_;
-  Edit(row, column) = std::move(cell);
+  Replace(row, column, std::move(cell));
 }
 
 void ResultsSheet::Put(int row, int column, Bold heading) {
   Put(row, column, heading.text);
-  Edit(row, column).look.bold = true;
+  grid_.Edit(column, row).look.bold = true;
 }
 
 void ResultsSheet::Put(int row, int column, Italic heading) {
   Put(row, column, heading.text);
-  Edit(row, column).look.italic = true;
+  grid_.Edit(column, row).look.italic = true;
 }
 
-void ResultsSheet::Put(int row, int column, int count) { Edit(row, column) = EditNumber(count); }
+void ResultsSheet::Put(int row, int column, int count) { Replace(row, column, EditNumber(count)); }
 
 void ResultsSheet::Put(int row, int column, Real number) {
   Cell cell;
   cell.look.type = CellType::kNumber;
   cell.look.decimals = ToDecimals(context_->NDec);
   cell.value = Raw(number);
-  Edit(row, column) = std::move(cell);
+  Replace(row, column, std::move(cell));
 }
 
 void ResultsSheet::Put(int row, int column, BoldNumber number) {
   Put(row, column, number.number);
-  Edit(row, column).look.bold = true;
+  grid_.Edit(column, row).look.bold = true;
 }
 
 void ResultsSheet::PaintHead() {

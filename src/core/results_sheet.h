@@ -73,7 +73,7 @@ class ResultsSheet {
   Grid& grid() { return grid_; }
 
  private:
-  Cell& Edit(int row, int column);
+  void Replace(int row, int column, Cell cell);
 
   const Context* context_;
   bool texts_overflow_ = false;

@@ -26,16 +26,18 @@ struct Run {
   const Rejection* repeated = nullptr;   // a re-analysis: its data are what this one retained
   std::vector<Plot> plots{};             // in the order in which they were filled
   std::optional<Rejection> rejection{};  // where points were marked that a repetition may leave out
-  Notices notices{};
+  Notices notices{};                     // what no box tells
 
   [[noreturn]] void Refuse(std::string_view words) const {
     messages.Tell(words);
     throw Refusal{};
   }
 
+  // The plot window `window`, empty.
   Plot& AddPlot(std::string_view window, std::string_view caption) {
     return plots.emplace_back(Plot{.window = std::string(window), .caption = std::string(caption)});
   }
+  Plot& AddPlot(const PlotWindow& one) { return AddPlot(one.window, one.caption); }
 };
 
 }  // namespace quorval

@@ -17,9 +17,10 @@ void Worksheet::Take(Grid grid) {
 
 void Worksheet::PaintHeader() {
   for (int column = 1; column <= kColumns; ++column) {
-    Cell& cell = grid_.Edit(column, 1);
+    Cell cell = grid_.At(column, 1);
     cell.look.colour = kGrey;
     cell.look.type = CellType::kEdit;
+    grid_.Put(column, 1, std::move(cell));
   }
 }
 

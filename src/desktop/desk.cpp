@@ -25,13 +25,13 @@ void Drop(QWidget* view) {
 }
 
 // Places for plot windows: the right half of the screen, two above each other, then overlapping.
-QRect PlotPlace(int index) {
+QRect GeometryOf(int place) {
   constexpr int kCascade = 30, kFrame = 40;
   const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
   const QSize size(screen.width() * 9 / 20, screen.height() / 2 - 2 * kFrame);
-  const int shift = kCascade * (index / 2);
+  const int shift = kCascade * (place / 2);
   const int left = screen.right() - size.width() - kFrame / 2 - shift;
-  const int top = screen.top() + kFrame + kCascade + (index % 2) * (size.height() + kFrame) + shift;
+  const int top = screen.top() + kFrame + kCascade + (place % 2) * (size.height() + kFrame) + shift;
   return {QPoint(left, top), size};
 }
 
@@ -87,7 +87,7 @@ void Desk::Reconcile() {
         std::ranges::none_of(open, [&](const OpenAnalysis& one) { return &one == views.open; });
     if (ended) {
       Drop(views.dialog);
-      Drop(views.results);
+      DropResults(views);
     }
     return ended;
   });
@@ -95,9 +95,9 @@ void Desk::Reconcile() {
     if (std::ranges::count(views_, &one, &Views::open) == 0) views_.push_back({&one});
   for (Views& views : views_) {
     MatchResults(views);
+    MatchPlots(views);
     MatchDialog(views);
   }
-  MatchPlots();
 }
 
 void Desk::CloseAll() {
@@ -121,6 +121,7 @@ void Desk::MatchDialog(Views& views) {
     connect(views.dialog, &DialogView::HelpWanted, this,
             [this, &open] { workbench_.ShowManual(open.analysis->manual); });
   }
+  views.dialog->ShowNotices(open.notices);
   if (views.dialog->isVisible() == open.dialog_shown) return;
   views.dialog->Refresh();
   views.dialog->setVisible(open.dialog_shown);
@@ -128,74 +129,89 @@ void Desk::MatchDialog(Views& views) {
 
 void Desk::PressOk(Views& views) {
   workbench_.PressOk(*views.open);
-  if (!views.open->dialog_shown) {  // a new run has windows of its own
-    Drop(views.results);
-    views.results.clear();
-  }
   Reconcile();
 }
 
 void Desk::MatchResults(Views& views) {
   OpenAnalysis& open = *views.open;
-  if (!open.results || !open.results->shown) {
-    Drop(views.results);
-    return views.results.clear();
-  }
-  if (views.results) return views.results->Refresh();
+  if (!open.ShowsResults()) return DropResults(views);
+  if (views.results && views.run == open.results->run) return views.results->Refresh();
+  DropResults(views);  // a new run has windows of its own
+  views.run = open.results->run;
   views.results = new ResultsView(workbench_, open, &main_window_);
   connect(views.results, &ResultsView::Commanded, this, &Desk::Reconcile);
-  connect(views.results, &ResultsView::Printed, this, [this, &open] { ShowPlotsAgain(open); });
-  connect(views.results, &ResultsView::PlotWanted, this, &Desk::BringForward);
+  connect(views.results, &ResultsView::PlotsWanted, this, [this, &views] { ShowPlots(views); });
+  connect(views.results, &ResultsView::PlotWanted, this,
+          [this, &views](const std::string& window, bool maximised) {
+            ShowPlot(views, window, maximised);
+          });
   views.results->showMaximized();
+  views.results->raise();
 }
 
-void Desk::MatchPlots() {
-  const auto& plots = workbench_.plots();
-  std::erase_if(plots_, [&](auto& entry) {
-    const auto plot = std::ranges::find(plots, entry.first, &Plot::window);
-    const bool stays = plot != plots.end() && plot->shown && entry.second.view &&
-                       entry.second.owner == OwnerOf(*plot);
-    if (!stays) Drop(entry.second.view);
-    return !stays;
-  });
-  for (const Plot& plot : plots)
-    if (ResultsView* const owner = OwnerOf(plot); owner != nullptr && plot.shown)
-      ShowPlot(plot, *owner);
+void Desk::DropResults(Views& views) {
+  for (auto& [window, plot] : views.plots) Drop(plot.view);
+  views.plots.clear();
+  Drop(views.results);
+  views.results.clear();
 }
 
-void Desk::ShowPlot(const Plot& plot, ResultsView& owner) {
-  PlotWindow& window = plots_[plot.window];
-  if (window.view) return window.view->Refresh();
-  window = {new PlotView(workbench_, plot.window, &owner), &owner};
-  connect(window.view, &PlotView::AddedToSheet, this, &Desk::Reconcile);
-  window.view->setAttribute(Qt::WA_ShowWithoutActivating);  // the keys stay with the results
-  window.view->setGeometry(PlotPlace(static_cast<int>(plots_.size()) - 1));
-  window.view->show();
-}
-
-void Desk::ShowPlotsAgain(const OpenAnalysis& open) {
-  for (const Plot& plot : workbench_.plots()) {
-    const auto window = plots_.find(plot.window);
-    if (window == plots_.end() || !window->second.view || !Shows(open, plot)) continue;
-    window->second.view->show();
-    window->second.view->raise();
+void Desk::MatchPlots(Views& views) {
+  if (!views.results) return;
+  for (const Plot& plot : views.open->results->plots) {
+    const auto found = views.plots.find(plot.window);
+    if (found != views.plots.end() && plot.shown) {
+      found->second.view->Refresh();
+    } else if (found != views.plots.end()) {
+      Drop(found->second.view);
+      views.plots.erase(found);
+    } else if (plot.shown) {
+      AddPlot(views, plot);
+    }
   }
 }
 
-void Desk::BringForward(const std::string& window) {
-  const auto found = plots_.find(window);
-  if (found == plots_.end() || !found->second.view) return;
-  found->second.view->showMaximized();
-  found->second.view->raise();
-  found->second.view->activateWindow();
+void Desk::AddPlot(Views& views, const Plot& plot) {
+  const int place = FreePlace();
+  auto* const view = new PlotView(workbench_, *views.open, plot.window, views.results);
+  views.plots[plot.window] = {view, place};
+  connect(view, &PlotView::AddedToSheet, this, &Desk::Reconcile);
+  view->setAttribute(Qt::WA_ShowWithoutActivating);  // the keys stay with the results
+  view->setGeometry(GeometryOf(place));
+  view->show();
+  view->raise();
 }
 
-ResultsView* Desk::OwnerOf(const Plot& plot) const {
-  // The last to fill a window that analyses share.
-  const auto owner = std::find_if(views_.rbegin(), views_.rend(), [&](const Views& views) {
-    return views.results && Shows(*views.open, plot);
-  });
-  return owner == views_.rend() ? nullptr : owner->results.data();
+int Desk::FreePlace() const {
+  const auto taken = [&](int place) {
+    return std::ranges::any_of(views_, [&](const Views& views) {
+      return std::ranges::any_of(views.plots, [&](const auto& entry) {
+        return entry.second.place == place && entry.second.view->isVisible();
+      });
+    });
+  };
+  int place = 0;
+  while (taken(place)) ++place;
+  return place;
+}
+
+void Desk::ShowPlots(Views& views) {
+  for (auto& [window, plot] : views.plots) {
+    plot.view->show();
+    plot.view->raise();
+  }
+}
+
+void Desk::ShowPlot(Views& views, std::string_view window, bool maximised) {
+  const auto found = views.plots.find(window);
+  if (found == views.plots.end()) return;
+  PlotView& view = *found->second.view;
+  if (maximised)
+    view.showMaximized();
+  else
+    view.show();
+  view.raise();
+  view.activateWindow();
 }
 
 }  // namespace quorval

@@ -5,6 +5,7 @@
 #include <list>
 #include <map>
 #include <string>
+#include <string_view>
 
 #include "analyses/registry.h"
 #include "app/workbench.h"
@@ -39,30 +40,33 @@ class Desk : public QObject {
   void WorksheetChanged();
 
  private:
+  struct PlotPlace {
+    QPointer<PlotView> view{};
+    int place = 0;
+  };
+  // Of one analysis.
   struct Views {
     OpenAnalysis* open;
     QPointer<DialogView> dialog{};
     QPointer<ResultsView> results{};
-  };
-  struct PlotWindow {
-    QPointer<PlotView> view{};
-    QPointer<QWidget> owner{};
+    std::map<std::string, PlotPlace, std::less<>> plots{};
+    int run = 0;  // which results and plots show
   };
 
   void PressOk(Views& views);
   void MatchDialog(Views& views);
   void MatchResults(Views& views);
-  void MatchPlots();
-  void ShowPlot(const Plot& plot, ResultsView& owner);
-  void ShowPlotsAgain(const OpenAnalysis& open);
-  // One plot window, maximised.
-  void BringForward(const std::string& window);
-  ResultsView* OwnerOf(const Plot& plot) const;
+  void MatchPlots(Views& views);
+  void DropResults(Views& views);
+  void AddPlot(Views& views, const Plot& plot);
+  // The first place where no plot window stands.
+  int FreePlace() const;
+  void ShowPlots(Views& views);
+  void ShowPlot(Views& views, std::string_view window, bool maximised);
 
   Workbench& workbench_;
   QWidget& main_window_;
-  std::list<Views> views_;
-  std::map<std::string, PlotWindow> plots_;
+  std::list<Views> views_;  // a list: slots hold on to the elements
 };
 
 }  // namespace quorval

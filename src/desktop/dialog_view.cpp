@@ -16,6 +16,7 @@
 #include "desktop/caption.h"
 #include "desktop/field_text.h"
 #include "desktop/mnemonics.h"
+#include "desktop/notice_strip.h"
 #include "painting/cell_text.h"
 
 namespace quorval {
@@ -65,10 +66,14 @@ DialogView::DialogView(Form& form, const Dialog& dialog, QWidget* parent, const 
     layout->addWidget(heading);
   }
   AddFields(*layout);
+  notices_ = new NoticeStrip(this);
+  layout->addWidget(notices_);
   AddButtons(*layout);
   OrderTabs();
   Refresh();
 }
+
+void DialogView::ShowNotices(const Notices& notices) { notices_->Show(notices); }
 
 void DialogView::Refresh() {
   for (const Row& row : rows_) {

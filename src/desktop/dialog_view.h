@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/form.h"
+#include "core/notice.h"
 
 class QButtonGroup;
 class QGridLayout;
@@ -14,6 +15,8 @@ class QLabel;
 class QVBoxLayout;
 
 namespace quorval {
+
+class NoticeStrip;
 
 // Any options dialog over its form: a widget for each field.  It decides nothing: what OK and
 // Cancel mean is for the one who shows it.
@@ -27,6 +30,8 @@ class DialogView : public QDialog {
 
   // Shows what the form holds and what is shown, grey and renamed while it holds that.
   void Refresh();
+  // What the last press of OK noted.
+  void ShowNotices(const Notices& notices);
 
   void accept() override { emit OkPressed(); }
   void reject() override { emit Cancelled(); }
@@ -65,6 +70,7 @@ class DialogView : public QDialog {
   QLocale locale_;
   std::vector<Row> rows_;
   std::vector<QGroupBox*> groups_;
+  NoticeStrip* notices_;
 };
 
 }  // namespace quorval

@@ -1,8 +1,10 @@
 #include "desktop/file_dialog.h"
 
+#include <QCheckBox>
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QSettings>
 #include <algorithm>
 
@@ -43,6 +45,16 @@ std::optional<std::filesystem::path> Run(QFileDialog& dialog) {
   return FromQt(dialog.selectedFiles().first());
 }
 
+// Only Qt's own dialog has room for it, below the names.
+QCheckBox* AddOption(QFileDialog& dialog, const FileQuestion& question) {
+  if (question.option.empty()) return nullptr;
+  auto* const box = new QCheckBox(ToQt(question.option), &dialog);
+  box->setChecked(*question.option_chosen);
+  if (auto* const grid = qobject_cast<QGridLayout*>(dialog.layout()))
+    grid->addWidget(box, grid->rowCount(), 0, 1, -1);
+  return box;
+}
+
 bool MayBeReplaced(QWidget* parent, const std::filesystem::path& path) {
   if (!std::filesystem::exists(path)) return true;
   return ShowBox(parent,
@@ -69,12 +81,15 @@ std::optional<std::filesystem::path> AskSaveFile(QWidget* parent, const FileQues
   // Asked below, for the name that will be written.
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   Prepare(dialog, question);
+  const QCheckBox* const option = AddOption(dialog, question);
   while (const auto typed = Run(dialog)) {
     const auto chosen =
         std::max(qsizetype{0}, dialog.nameFilters().indexOf(dialog.selectedNameFilter()));
     const auto path = CompletedName(*typed, question.filters, static_cast<std::size_t>(chosen),
                                     question.default_extension);
-    if (MayBeReplaced(&dialog, path)) return path;
+    if (!MayBeReplaced(&dialog, path)) continue;
+    if (option != nullptr) *question.option_chosen = option->isChecked();
+    return path;
   }
   return std::nullopt;
 }

@@ -16,6 +16,7 @@ int main(int argc, char** argv) {
   quorval::QtPlatform platform(quorval::SharedFolder());
   quorval::Workbench workbench(platform, quorval::AppFolder());
   quorval::MainWindow window(workbench, platform);
+  platform.ShowNoticesBy([&window](const auto& notices) { window.ShowNotices(notices); });
   window.Start();
   if (const QStringList files = QApplication::arguments().mid(1); !files.isEmpty())
     window.TakeFile(quorval::FromQt(files.first()));

@@ -19,6 +19,7 @@
 #include "desktop/about_box.h"
 #include "desktop/mnemonics.h"
 #include "desktop/note_view.h"
+#include "desktop/notice_strip.h"
 #include "desktop/sheet_view.h"
 #include "desktop/start_window.h"
 #include "painting/qt_text.h"
@@ -112,6 +113,12 @@ void MainWindow::Start() {
     sheet_->FitColumns();
   });
   start->show();
+}
+
+void MainWindow::ShowNotices(const Notices& notices) {
+  const QString text = OnOneLine(notices);
+  statusBar()->showMessage(text);
+  statusBar()->setToolTip(text);
 }
 
 QAction* MainWindow::ActionOf(Command command) const {

@@ -33,6 +33,9 @@ class MainWindow : public QMainWindow {
   // imported.
   void TakeFile(const std::filesystem::path& path);
 
+  // In the status bar, until the next command.
+  void ShowNotices(const Notices& notices);
+
   SheetView& sheet() { return *sheet_; }
   // The menu entry of a command; null where the menus have none.
   QAction* ActionOf(Command command) const;

@@ -9,7 +9,7 @@ class QPlainTextEdit;
 
 namespace quorval {
 
-// The window of the project's note.  "Save and Exit" is the only way to keep an edit.
+// The window of the project's note.  Only "Save and Exit" keeps an edit.
 class NoteView : public QMainWindow {
   Q_OBJECT
 

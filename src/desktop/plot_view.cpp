@@ -52,10 +52,11 @@ QHBoxLayout* Row() {
 
 }  // namespace
 
-PlotView::PlotView(Workbench& workbench, std::string window, QWidget* parent)
+PlotView::PlotView(Workbench& workbench, OpenAnalysis& open, std::string window, QWidget* parent)
     // A dialog stays above the results that it belongs to, which fill the screen.
     : QWidget(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       workbench_(workbench),
+      open_(open),
       window_(std::move(window)),
       chart_(new QCustomPlot(this)),
       tools_(new QWidget(this)),
@@ -126,17 +127,30 @@ void PlotView::LetZoomAndMove() {
     chart_->setSelectionRectMode(frame ? QCP::srmZoom : QCP::srmNone);
   });
   connect(chart_, &QCustomPlot::mouseDoubleClick, this, &PlotView::ResetView);
+  for (QCPAxis* axis : {chart_->xAxis, chart_->yAxis})
+    connect(axis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this, &PlotView::KeepView);
 }
 
-Plot* PlotView::Find() {
-  const auto found = std::ranges::find(workbench_.plots(), window_, &Plot::window);
-  return found == workbench_.plots().end() ? nullptr : &*found;
+Plot* PlotView::Find() { return open_.results ? open_.results->FindPlot(window_) : nullptr; }
+
+void PlotView::Draw(const Plot& plot) {
+  drawn_ = plot;
+  drawing_ = true;
+  DrawPlot(plot, *chart_);
+  drawing_ = false;
+  chart_->replot();
+}
+
+void PlotView::KeepView() {
+  Plot* const plot = Find();
+  if (drawing_ || plot == nullptr) return;
+  const QCPRange x = chart_->xAxis->range(), y = chart_->yAxis->range();
+  plot->view = drawn_->view = View{x.lower, x.upper, y.lower, y.upper};
 }
 
 void PlotView::Refresh() {
   const Plot* plot = Find();
   if (plot == nullptr || (drawn_ && *drawn_ == *plot)) return;
-  drawn_ = *plot;
   setWindowTitle(ToQt(plot->caption));
   line_fields_->setVisible(plot->lines.has_value());
   GiveMnemonics(*this);
@@ -145,11 +159,7 @@ void PlotView::Refresh() {
     slope_->setText(ShownText(ShortestText(plot->lines->b), locale()));
     for (QLineEdit* field : {intercept_, slope_}) field->setCursorPosition(0);
   }
-  DrawPlot(*plot, *chart_);
-  const QCPRange x = chart_->xAxis->range(), y = chart_->yAxis->range();
-  whole_x_ = {x.lower, x.upper};
-  whole_y_ = {y.lower, y.upper};
-  chart_->replot();
+  Draw(*plot);
 }
 
 void PlotView::Copy() { QGuiApplication::clipboard()->setImage(ImageOf(*chart_, PictureSize())); }
@@ -175,32 +185,30 @@ void PlotView::AskSavePicture() {
 }
 
 void PlotView::ResetView() {
-  chart_->xAxis->setRange(whole_x_.first, whole_x_.second);
-  chart_->yAxis->setRange(whole_y_.first, whole_y_.second);
-  chart_->replot();
+  Plot* const plot = Find();
+  if (plot == nullptr) return;
+  plot->view.reset();
+  Draw(*plot);
 }
 
 void PlotView::RedrawLines() {
   Plot* const plot = Find();
   if (plot == nullptr || !plot->lines) return;
-  const QCPRange x = chart_->xAxis->range(), y = chart_->yAxis->range();
   try {
+    const QCPRange x = chart_->xAxis->range();
     plot->RedrawLines(x.lower, x.upper);
   } catch (const Fault&) {
     QMessageBox::warning(this, windowTitle(), tr("Error"));
     return;
   }
-  drawn_ = *plot;
-  DrawPlot(*plot, *chart_);
-  chart_->xAxis->setRange(x);
-  chart_->yAxis->setRange(y);
-  chart_->replot();
+  KeepView();  // the longer lines do not move the axes
+  Draw(*plot);
 }
 
 void PlotView::AddToSheet() {
   const Plot* plot = Find();
   if (plot == nullptr) return;
-  workbench_.AddPlotToSheet(*plot);
+  workbench_.AddPlotToSheet(open_, *plot);
   emit AddedToSheet();
 }
 

@@ -17,10 +17,11 @@ class PlotView : public QWidget {
   Q_OBJECT
 
  public:
-  // Shows the plot of this window; its name stays while an analysis fills it anew.
-  PlotView(Workbench& workbench, std::string window, QWidget* parent = nullptr);
+  // Shows the plot that the results of `open` have under this name, which stays while the analysis
+  // fills it anew.
+  PlotView(Workbench& workbench, OpenAnalysis& open, std::string window, QWidget* parent = nullptr);
 
-  // Draws the plot as the workbench now has it.  One that is unchanged keeps the user's view.
+  // Draws the plot as its results now have it.
   void Refresh();
 
   void Copy();
@@ -46,9 +47,13 @@ class PlotView : public QWidget {
   void LetZoomAndMove();
   void AskSavePicture();
   Plot* Find();
+  void Draw(const Plot& plot);
+  // What the user now sees of the axes becomes the plot's, for paper and files.
+  void KeepView();
   QSize PictureSize() const;
 
   Workbench& workbench_;
+  OpenAnalysis& open_;
   std::string window_;
   std::optional<Plot> drawn_;
   QCustomPlot* chart_;
@@ -57,7 +62,7 @@ class PlotView : public QWidget {
   QLineEdit* intercept_;
   QLineEdit* slope_;
   QLabel* hint_;
-  std::pair<double, double> whole_x_, whole_y_;  // the ends of the axes in the whole view
+  bool drawing_ = false;  // the axes move by our own hand
 };
 
 }  // namespace quorval

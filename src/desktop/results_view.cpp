@@ -7,11 +7,13 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QVBoxLayout>
 #include <vector>
 
 #include "desktop/about_box.h"
 #include "desktop/caption.h"
 #include "desktop/mnemonics.h"
+#include "desktop/notice_strip.h"
 #include "desktop/sheet_view.h"
 
 namespace quorval {
@@ -31,12 +33,20 @@ ResultsView::ResultsView(Workbench& workbench, OpenAnalysis& open, QWidget* pare
     : QMainWindow(parent),
       workbench_(workbench),
       open_(open),
+      notices_(new NoticeStrip(this)),
       sheet_(new SheetView(open.results->sheet.grid(), 1, this)) {
   setObjectName(ToQt(open.results->procedure->window));
   setWindowFlag(Qt::Window);
   sheet_->setAccessibleName("Results");
-  setCentralWidget(sheet_);
+  auto* const centre = new QWidget;
+  auto* const layout = new QVBoxLayout(centre);
+  layout->setContentsMargins({});
+  layout->setSpacing(0);
+  layout->addWidget(notices_);
+  layout->addWidget(sheet_, 1);
+  setCentralWidget(centre);
   MakeFileMenu();
+  MakePlotsMenu();
   MakeHelpMenu();
   MakePlotButton();
   MakeRejectionBar();
@@ -49,7 +59,9 @@ ResultsView::ResultsView(Workbench& workbench, OpenAnalysis& open, QWidget* pare
 
 void ResultsView::Refresh() {
   setWindowTitle(ToQt(open_.results->title));
+  notices_->Show(open_.results->notices);
   sheet_->Refresh();
+  FillPlotsMenu();
   rejection_bar_->setVisible(open_.results->rejection.has_value());
   GiveMnemonics(*this);
 }
@@ -74,7 +86,7 @@ void ResultsView::MakeFileMenu() {
   QAction* const print = menu->addAction(ToQt(captions.print), this, [this] {
     sheet_->EndEditing();
     workbench_.PrintResults(open_);
-    emit Printed();
+    emit PlotsWanted();
   });
   print->setShortcut(QKeySequence::Print);
   menu->addAction(ToQt(captions.save), this, [this] {
@@ -92,6 +104,21 @@ void ResultsView::MakeFileMenu() {
   menu->addAction(ToQt(captions.exit), this, &QWidget::close);
 }
 
+// A plot window that was closed comes back by its caption here.
+void ResultsView::MakePlotsMenu() { plots_menu_ = menuBar()->addMenu("&Plots"); }
+
+void ResultsView::FillPlotsMenu() {
+  plots_menu_->clear();
+  for (const Plot& plot : open_.results->plots)
+    if (plot.shown)
+      plots_menu_->addAction(ToQt(plot.caption), this,
+                             [this, window = plot.window] { emit PlotWanted(window, false); });
+  plots_menu_->menuAction()->setVisible(!plots_menu_->isEmpty());
+  if (plots_menu_->isEmpty()) return;
+  plots_menu_->addSeparator();
+  plots_menu_->addAction("Show &all", this, &ResultsView::PlotsWanted);
+}
+
 void ResultsView::MakeHelpMenu() {
   QMenu* const menu = menuBar()->addMenu("&Help");
   menu->addAction("&Help Topics", this, [this] { workbench_.ShowHelp(false); });
@@ -107,7 +134,7 @@ void ResultsView::MakePlotButton() {
   if (wanted.caption.empty()) return;
   auto* const button = new QPushButton(PlainCaption(wanted.caption));
   connect(button, &QPushButton::clicked, this,
-          [this, &wanted] { emit PlotWanted(std::string(wanted.plot_window)); });
+          [this, &wanted] { emit PlotWanted(std::string(wanted.plot_window), true); });
   QToolBar* const bar = addToolBar("Plots");
   bar->setMovable(false);
   bar->addWidget(button);
@@ -130,7 +157,7 @@ void ResultsView::MakeRejectionBar() {
 
 void ResultsView::PrintPlots(std::string_view entry) {
   workbench_.PrintPlots(open_, entry);
-  emit Printed();
+  emit PlotsWanted();
 }
 
 }  // namespace quorval

@@ -7,9 +7,11 @@
 
 namespace quorval {
 
+class NoticeStrip;
 class SheetView;
 
-// Any results window: its sheet and its menus.  Closing it ends the analysis.
+// Any results window: its sheet, its menus, and above the sheet what its run noted.  Closing it
+// ends the analysis.
 class ResultsView : public QMainWindow {
   Q_OBJECT
 
@@ -23,16 +25,18 @@ class ResultsView : public QMainWindow {
  signals:
   // A command has changed what the workbench holds.
   void Commanded();
-  // The plots are to be shown again.
-  void Printed();
-  // This plot window is to come forward.
-  void PlotWanted(const std::string& window);
+  // All plot windows are to be shown again.
+  void PlotsWanted();
+  // This one is to come forward.
+  void PlotWanted(const std::string& window, bool maximised);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void MakeFileMenu();
+  void MakePlotsMenu();
+  void FillPlotsMenu();
   void MakeHelpMenu();
   void MakePlotButton();
   void MakeRejectionBar();
@@ -40,7 +44,9 @@ class ResultsView : public QMainWindow {
 
   Workbench& workbench_;
   OpenAnalysis& open_;
+  NoticeStrip* notices_;
   SheetView* sheet_;
+  QMenu* plots_menu_ = nullptr;
   QToolBar* rejection_bar_ = nullptr;  // there while the marked points can be left out
 };
 

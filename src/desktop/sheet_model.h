@@ -28,9 +28,7 @@ class SheetModel : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   const Grid& grid() const { return grid_; }
-  const Cell& At(const QModelIndex& index) const {
-    return grid_.At(index.column() + 1, index.row() + 1);
-  }
+  Cell At(const QModelIndex& index) const { return grid_.At(index.column() + 1, index.row() + 1); }
 
   // The used part of a range, as text for other spreadsheet programs.
   QString TextOf(const CellRange& range) const;

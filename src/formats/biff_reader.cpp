@@ -69,7 +69,7 @@ std::string Body::TakeText(std::size_t count) {
   while (text.size() < count) {
     const std::size_t part = part_;
     if (AtEnd()) Damaged();
-    if (part_ != part && !text.empty()) wide = (Take<std::uint8_t>() & kWide) != 0;
+    if (part_ != part) wide = (Take<std::uint8_t>() & kWide) != 0;
     text += static_cast<char16_t>(wide ? Take<std::uint16_t>() : Take<std::uint8_t>());
   }
   Skip(4 * formats + annotation);

@@ -29,7 +29,8 @@ class Body {
   bool AtEnd();
 
   // A text of so many characters of BIFF8, as UTF-8: its flag byte, the characters, and what
-  // formats and annotates them.  A text that goes on in the next part has a flag byte there again.
+  // formats and annotates them.  Characters that go on in the next part, or only begin there, have
+  // a flag byte there again.
   std::string TakeText(std::size_t count);
   // The same of the versions before: a byte a character.
   std::string TakeBytes(std::size_t count);

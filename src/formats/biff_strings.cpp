@@ -21,7 +21,8 @@ void AppendCharacter(std::string& bytes, char16_t character, bool latin) {
 }
 
 // Fills records to their greatest length.  A text may go on in the next record, which then begins
-// with its flag byte again; the text's length and first flag byte stay together.
+// with its flag byte again.  The text's length, its flag byte and its first character stay
+// together: programs differ in what they expect where all characters stand behind a record's end.
 class Continued {
  public:
   explicit Continued(std::string& stream) : stream_(stream) {}
@@ -34,13 +35,15 @@ class Continued {
   void AddText(const std::u16string& text) {
     const bool latin = IsLatin(text);
     const char flag = latin ? '\0' : '\1';
-    Add(Bytes(static_cast<std::uint16_t>(text.size())) + flag);
-    for (char16_t character : text) {
+    std::string head = Bytes(static_cast<std::uint16_t>(text.size())) + flag;
+    if (!text.empty()) AppendCharacter(head, text.front(), latin);
+    Add(head);
+    for (std::size_t i = 1; i < text.size(); ++i) {
       if (body_.size() + (latin ? 1 : 2) > kLongestRecord) {
         Flush();
         body_ += flag;
       }
-      AppendCharacter(body_, character, latin);
+      AppendCharacter(body_, text[i], latin);
     }
   }
 

@@ -39,6 +39,14 @@ ExportedCell Exported(const Cell& cell, int row) {
   return exported;
 }
 
+std::string ColumnName(int column) {
+  constexpr int kLetters = 26;
+  std::string name;
+  for (; column > 0; column = (column - 1) / kLetters)
+    name.insert(name.begin(), static_cast<char>('A' + (column - 1) % kLetters));
+  return name;
+}
+
 std::string FormatCode(int decimals) {
   return decimals == 0 ? "0" : "0." + std::string(static_cast<std::size_t>(decimals), '0');
 }

@@ -36,6 +36,9 @@ constexpr int DecimalsOf(int style) { return style / 4 - 1; }
 // The format code of a number with so many decimals: "0", "0.0", ...
 std::string FormatCode(int decimals);
 
+// The letters of a column: "A" to "Z", "AA", ...
+std::string ColumnName(int column);
+
 // The name of the one sheet that is written.
 inline constexpr std::string_view kSheetName = "Sheet 1";
 

@@ -1,10 +1,9 @@
 // libgsf's objects as owners, and the reading and writing of its streams.
 #pragma once
 
+#include <gsf/gsf-output-memory.h>
 #include <gsf/gsf.h>
 
-#include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -24,15 +23,16 @@ template <class Object>
 using Owner = std::unique_ptr<Object, Release>;
 
 // To be called before anything else of the library.  What it would print of damaged files is said
-// by FileErrors; standard output must not hold it.
+// by FileErrors; neither standard output nor standard error must hold it.
 inline void Start() {
   static const bool started = [] {
     gsf_init();
-    for (const char* part :
-         {static_cast<const char*>(nullptr), "GLib", "libgsf", "libgsf:msole", "libgsf:zip"})
+    for (const char* part : {static_cast<const char*>(nullptr), "GLib", "GLib-GObject", "GLib-GIO",
+                             "libgsf", "libgsf:msole", "libgsf:zip", "libgsf:open_pkg"})
       g_log_set_handler(
           part, G_LOG_LEVEL_MASK, [](auto...) {}, nullptr);
     g_set_print_handler([](auto...) {});
+    g_set_printerr_handler([](auto...) {});
     return true;
   }();
   static_cast<void>(started);
@@ -61,28 +61,28 @@ inline std::string ReadAll(const Owner<GsfInput>& input) {
   return bytes;
 }
 
-// The file is there already, and is written over.
-inline Owner<GsfOutput> WriteFile(const std::filesystem::path& path) {
+// A file in memory: the library's files on a disk keep their errors to themselves.
+inline Owner<GsfOutput> NewOutput() {
   Start();
-  FILE* const file = std::fopen(path.c_str(), "wb");
-  if (file == nullptr) throw FileError(WordsOf(errno));
-  return Owner<GsfOutput>(gsf_output_stdio_new_FILE(path.c_str(), file, FALSE));
+  return Owner<GsfOutput>(gsf_output_memory_new());
 }
 
-// The library hands on what the system said, if at all, by errno.
-[[noreturn]] inline void FailToWrite() {
-  throw FileError(errno != 0 ? WordsOf(errno) : "the file cannot be written");
+// What was written to it; lives as long as it does.
+inline std::string_view BytesOf(const Owner<GsfOutput>& output) {
+  const guint8* const bytes = gsf_output_memory_get_bytes(GSF_OUTPUT_MEMORY(output.get()));
+  return {reinterpret_cast<const char*>(bytes),
+          static_cast<std::size_t>(gsf_output_size(output.get()))};
 }
+
+[[noreturn]] inline void FailToWrite() { throw FileError("there is not enough memory"); }
 
 inline void Write(const Owner<GsfOutput>& output, std::string_view bytes) {
-  errno = 0;
   if (!gsf_output_write(output.get(), bytes.size(), reinterpret_cast<const guint8*>(bytes.data())))
     FailToWrite();
 }
 
 // A container closes the file that it is written to.
 inline void Close(const Owner<GsfOutput>& output) {
-  errno = 0;
   if (!gsf_output_is_closed(output.get()) && !gsf_output_close(output.get())) FailToWrite();
 }
 

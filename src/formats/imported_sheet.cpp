@@ -5,28 +5,24 @@
 #include "formats/file_error.h"
 
 namespace quorval {
-namespace {
 
-void CheckPlace(int column, int row) {
+void ImportedSheet::Check(int column, int row) {
   if (column < 1 || column > Worksheet::kColumns)
     throw FileError("the sheet has more than 500 columns");
   if (row < 0 || row > Worksheet::kLastRow) throw FileError("the sheet has more than 10000 rows");
+  budget_.cells.Take();
 }
-
-}  // namespace
 
 void ImportedSheet::Text(int column, int row, std::string_view text) {
   if (text.empty()) return;
-  CheckPlace(column, row);
-  constexpr std::size_t kMostText = std::size_t{1} << 30;
-  text_ += text.size();
-  if (text_ > kMostText) throw FileError("the sheet holds too much text");
+  Check(column, row);
+  budget_.text.Take(text.size());
   worksheet_.SetText(column, row, text);
 }
 
 void ImportedSheet::Number(int column, int row, double number) {
   if (!std::isfinite(number)) return Text(column, row, "#NUM!");
-  CheckPlace(column, row);
+  Check(column, row);
   worksheet_.SetValue(column, row, number);
 }
 

@@ -4,14 +4,19 @@
 #include <utility>
 
 #include "core/worksheet.h"
+#include "formats/budget.h"
 #include "formats/date_text.h"
 
 namespace quorval {
 
 // The worksheet that a file of another program fills, cell by cell.  Columns count from 1, rows
-// from 0.  Throws a FileError of a cell beyond its edges: nothing is left out unsaid.
+// from 0.  Throws a FileError of a cell beyond its edges, and of one that does not fit the budget:
+// nothing is left out unsaid.
 class ImportedSheet {
  public:
+  // The budget must live as long.
+  explicit ImportedSheet(Budget& budget) : budget_(budget) {}
+
   void Text(int column, int row, std::string_view text);
   // A number that is not finite becomes "#NUM!".
   void Number(int column, int row, double number);
@@ -22,8 +27,10 @@ class ImportedSheet {
   Worksheet Result() && { return std::move(worksheet_); }
 
  private:
+  void Check(int column, int row);
+
+  Budget& budget_;
   Worksheet worksheet_;
-  std::size_t text_ = 0;  // bytes so far: a small file can hold one long text many times
 };
 
 }  // namespace quorval

@@ -1,6 +1,6 @@
 #include <array>
 #include <cerrno>
-#include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <optional>
@@ -9,8 +9,10 @@
 
 #include "core/conversion.h"
 #include "core/worksheet.h"
+#include "formats/budget.h"
 #include "formats/project_file.h"
 #include "formats/project_schema.h"
+#include "formats/regular_file.h"
 #include "formats/sqlite.h"
 
 namespace quorval {
@@ -18,10 +20,6 @@ namespace {
 
 using sqlite::Database;
 using sqlite::Statement;
-
-constexpr int kLongestValue = 64 << 20;  // bytes of one text or picture
-constexpr std::size_t kMostLooks = 100000;
-constexpr std::size_t kMostPictures = 1000;
 
 [[noreturn]] void Refuse(const char* why) { throw FileError(why); }
 
@@ -39,29 +37,60 @@ std::string Address(const std::filesystem::path& path) {
       address += c;
     }
   }
-  return address + "?immutable=1";
+  return address;
 }
 
 // The library would not say why it cannot open a file.
 void CheckReadable(const std::filesystem::path& path) {
-  std::error_code error;
-  const auto status = std::filesystem::status(path, error);
-  if (error) Refuse(("cannot be read: " + WordsOf(error.value())).c_str());
-  if (!std::filesystem::is_regular_file(status)) Refuse("cannot be read: it is no ordinary file");
   errno = 0;
   if (!std::ifstream(path)) Refuse(("cannot be read: " + WordsOf(errno)).c_str());
 }
 
-// Read-only, without locks and journals of others, and without trust in what the file says.
+// Whether the file was left in the mode of a write-ahead log, by the numbers of the versions that
+// write and read it in its first page.
+bool HasLog(const std::filesystem::path& path) {
+  constexpr std::size_t kWriteVersion = 18, kReadVersion = 19;
+  constexpr char kLog = 2;
+  std::array<char, kReadVersion + 1> head{};
+  std::ifstream(path, std::ios::binary).read(head.data(), head.size());
+  return head[kWriteVersion] == kLog || head[kReadVersion] == kLog;
+}
+
+// Of a log that holds anything the latest changes would be missing.  It is not read: that writes
+// into files beside the project, and the program that keeps the log may write at the same time.
+void RefuseChangesInLog(const std::filesystem::path& path) {
+  std::error_code error;
+  const auto size = std::filesystem::file_size(path.string() + "-wal", error);
+  if (!error && size > 0)
+    Refuse("another program holds changes of the file back: close the file there first");
+}
+
+void RefuseChangesSince(std::filesystem::file_time_type time, const std::filesystem::path& path) {
+  RefuseChangesInLog(path);
+  if (std::filesystem::last_write_time(path) != time)
+    Refuse("another program wrote the file while it was read");
+}
+
+// A file that its program has left, with nothing in its log, is read as it stands.  Any other is
+// read under the lock that keeps others from changing it; it is refused while one of them writes,
+// and where one was killed while it wrote.
+std::string AddressToRead(const std::filesystem::path& path) {
+  if (!HasLog(path)) return Address(path);
+  RefuseChangesInLog(path);
+  return Address(path) + "?immutable=1";
+}
+
+// Read-only, and without trust in what the file says.
 Database OpenUntrusted(const std::filesystem::path& path) {
-  CheckReadable(path);
-  Database database = sqlite::Open(Address(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
-  sqlite3_limit(database.get(), SQLITE_LIMIT_LENGTH, kLongestValue);
+  constexpr int kPatience = 500;  // milliseconds, for another program to end its writing
+  Database database = sqlite::Open(AddressToRead(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+  sqlite3_busy_timeout(database.get(), kPatience);
+  sqlite3_limit(database.get(), SQLITE_LIMIT_LENGTH, limits::kLongestValue);
   sqlite3_limit(database.get(), SQLITE_LIMIT_SQL_LENGTH, 10000);
   sqlite3_limit(database.get(), SQLITE_LIMIT_ATTACHED, 0);
   sqlite3_db_config(database.get(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   sqlite3_db_config(database.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  sqlite::Execute(database, "PRAGMA cell_size_check=ON; PRAGMA mmap_size=0");
+  sqlite::Execute(database, "PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; BEGIN");
   return database;
 }
 
@@ -91,6 +120,32 @@ void CheckPages(const Database& database) {
   if (!check.Step() || check.Text(0) != "ok") Refuse("damaged");
 }
 
+// A column's type binds no value in it: a word may stand among the numbers, and would be taken for
+// 0.
+void Expect(bool right_kind) {
+  if (!right_kind) Refuse("damaged: it holds a value of another kind than its column");
+}
+
+std::int64_t WholeIn(Statement& row, int column) {
+  Expect(row.Type(column) == SQLITE_INTEGER);
+  return row.Integer(column);
+}
+
+double NumberIn(Statement& row, int column) {
+  Expect(row.Type(column) == SQLITE_FLOAT || row.Type(column) == SQLITE_INTEGER);
+  return row.Number(column);
+}
+
+std::string_view TextIn(Statement& row, int column) {
+  Expect(row.Type(column) == SQLITE_TEXT);
+  return row.Text(column);
+}
+
+std::string_view BytesIn(Statement& row, int column) {
+  Expect(row.Type(column) == SQLITE_BLOB);
+  return row.Blob(column);
+}
+
 template <class Whole>
 Whole InRange(std::int64_t number, std::int64_t least, std::int64_t most) {
   if (number < least || number > most) Refuse("damaged: it holds a number that makes no sense");
@@ -110,16 +165,16 @@ Looks ReadLooks(const Database& database) {
   Looks looks;
   Statement look(database, "SELECT * FROM look");
   while (look.Step()) {
-    if (looks.size() == kMostLooks) Refuse("damaged: it holds too many looks");
-    looks[look.Integer(0)] = {
-        .type = TypeFrom(look.Integer(1)),
-        .decimals = InRange<std::uint8_t>(look.Integer(2), 0, 30),
-        .bold = look.Integer(3) != 0,
-        .italic = look.Integer(4) != 0,
-        .overflow = look.Integer(5) != 0,
-        .colour = InRange<Colour>(look.Integer(6), 0, kWhite),
-        .span_columns = InRange<std::uint16_t>(look.Integer(7), 1, Worksheet::kColumns),
-        .span_rows = InRange<std::uint16_t>(look.Integer(8), 1, project_schema::kMostRows),
+    if (looks.size() == limits::kLooks) Refuse("damaged: it holds too many looks");
+    looks[WholeIn(look, 0)] = {
+        .type = TypeFrom(WholeIn(look, 1)),
+        .decimals = InRange<std::uint8_t>(WholeIn(look, 2), 0, 30),
+        .bold = WholeIn(look, 3) != 0,
+        .italic = WholeIn(look, 4) != 0,
+        .overflow = WholeIn(look, 5) != 0,
+        .colour = InRange<Colour>(WholeIn(look, 6), 0, kWhite),
+        .span_columns = InRange<std::uint16_t>(WholeIn(look, 7), 1, Worksheet::kColumns),
+        .span_rows = InRange<std::uint16_t>(WholeIn(look, 8), 1, project_schema::kMostRows),
     };
   }
   return looks;
@@ -129,8 +184,8 @@ Pictures ReadPictures(const Database& database) {
   Pictures pictures;
   Statement picture(database, "SELECT id, image FROM picture");
   while (picture.Step()) {
-    if (pictures.size() == kMostPictures) Refuse("damaged: it holds too many pictures");
-    pictures[picture.Integer(0)] = std::make_shared<const std::string>(picture.Blob(1));
+    if (pictures.size() == limits::kPictures) Refuse("damaged: it holds too many pictures");
+    pictures[WholeIn(picture, 0)] = std::make_shared<const std::string>(BytesIn(picture, 1));
   }
   return pictures;
 }
@@ -142,7 +197,7 @@ const Value& Known(const std::map<Key, Value>& values, Key key) {
   return found->second;
 }
 
-SavedGrid ReadCells(const Database& database) {
+SavedGrid ReadCells(const Database& database, Budget& budget) {
   using project_schema::kMostRows;
   const Looks looks = ReadLooks(database);
   const Pictures pictures = ReadPictures(database);
@@ -151,21 +206,26 @@ SavedGrid ReadCells(const Database& database) {
   const CellLook* look = nullptr;
   Statement read(database, "SELECT \"column\", \"row\", text, value, look, picture FROM cell");
   while (read.Step()) {
-    const int row = InRange<int>(read.Integer(1), 1, kMostRows);
-    Cell& cell = saved.grid.Edit(InRange<int>(read.Integer(0), 1, Worksheet::kColumns), row);
-    if (look == nullptr || look_number != read.Integer(4)) {
-      look_number = read.Integer(4);
-      look = &Known(looks, look_number);
+    budget.cells.Take();
+    const int column = InRange<int>(WholeIn(read, 0), 1, Worksheet::kColumns);
+    const int row = InRange<int>(WholeIn(read, 1), 1, kMostRows);
+    Cell cell;
+    if (const std::int64_t number = WholeIn(read, 4); look == nullptr || look_number != number) {
+      look_number = number;
+      look = &Known(looks, number);
     }
     cell.look = *look;
     const bool has_text = !read.IsNull(2);
     const bool has_value = !read.IsNull(3);
-    if (has_value)
-      cell.value = Raw(Real(read.Number(3)));
-    else if (has_text)
-      cell.text = read.Text(2);
-    if (!read.IsNull(5)) cell.picture = Known(pictures, read.Integer(5));
+    if (has_value) {
+      cell.value = Raw(Real(NumberIn(read, 3)));
+    } else if (has_text) {
+      budget.text.Take(TextIn(read, 2).size());
+      cell.text = TextIn(read, 2);
+    }
+    if (!read.IsNull(5)) cell.picture = Known(pictures, WholeIn(read, 5));
     if (has_text || has_value || cell.picture) saved.rows = std::max(saved.rows, row);
+    saved.grid.Put(column, row, std::move(cell));
   }
   return saved;
 }
@@ -181,12 +241,20 @@ bool IsProjectFile(const std::filesystem::path& path) {
          std::string_view(bytes.data(), bytes.size()) == kSignature;
 }
 
-SavedGrid ReadProjectFile(const std::filesystem::path& path) {
+SavedGrid ReadProjectFile(const std::filesystem::path& named) {
+  RequireRegularFile(named);
+  CheckReadable(named);
+  const std::filesystem::path path = std::filesystem::canonical(named);  // where its log would be
+  const bool has_log = HasLog(path);
+  const auto last_written = std::filesystem::last_write_time(path);
+  Budget budget(path);
   const Database database = OpenUntrusted(path);
   CheckSchema(database);
   CheckPages(database);
   try {
-    return ReadCells(database);
+    SavedGrid saved = ReadCells(database, budget);
+    if (has_log) RefuseChangesSince(last_written, path);
+    return saved;
   } catch (const Fault&) {
     Refuse("damaged: it holds a number that is not finite");
   }

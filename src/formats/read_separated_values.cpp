@@ -11,13 +11,11 @@
 #include <string>
 #include <string_view>
 
+#include "formats/budget.h"
 #include "formats/file_error.h"
 
 namespace quorval {
 namespace {
-
-// A quote that is never closed would take the rest of a large file for one value.
-constexpr std::size_t kLongestValue = std::size_t{1} << 20;
 
 std::string InRow(std::string_view what, int row) {
   return std::string(what) + " in row " + std::to_string(row) + " (the first row is row 0)";
@@ -97,7 +95,7 @@ class Parser {
       table_.Fail(
           "a quote inside a value that does not begin with one, "
           "or text behind a closing quote,");
-    if (csv_get_buffer_size(&parser_) > kLongestValue) table_.Fail("a value beyond 1 MiB");
+    if (csv_get_buffer_size(&parser_) > limits::kLongestText) table_.Fail("a value beyond 1 MiB");
     table_.ThrowIfFailed();
   }
 
@@ -113,6 +111,7 @@ class Parser {
 };
 
 Worksheet Read(const std::filesystem::path& path, char separator) {
+  Budget(path).text.Take(std::filesystem::file_size(path));  // it cannot hold more
   std::ifstream file(path, std::ios::binary);
   if (!file) throw FileError(std::strerror(errno));
   Parser parser(separator);

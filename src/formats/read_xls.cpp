@@ -1,11 +1,10 @@
-#include <gsf/gsf-infile-msole.h>
-
 #include <cmath>
 #include <map>
 #include <optional>
 
 #include "formats/biff_reader.h"
-#include "formats/gsf.h"
+#include "formats/compound_file.h"
+#include "formats/file_error.h"
 #include "formats/imported_sheet.h"
 #include "formats/xls.h"
 
@@ -19,18 +18,13 @@ using U32 = std::uint32_t;
 
 constexpr int kVersion8 = 0x0600;
 
+[[noreturn]] void Damaged() { throw FileError("the workbook is damaged"); }
+
 // The workbook's stream, which has another name in the versions before 8.
 std::string StreamOf(const std::filesystem::path& path) {
-  const gsf::Owner<GsfInput> file = gsf::OpenFile(path);
-  const gsf::Owner<GsfInfile> container(gsf_infile_msole_new(file.get(), nullptr));
-  if (!container) throw FileError("the file is no Excel workbook");
-  for (const char* name : {"Workbook", "Book"}) {
-    const gsf::Owner<GsfInput> stream(gsf_infile_child_by_name(container.get(), name));
-    if (!stream) continue;
-    if (gsf_input_size(stream.get()) > gsf_input_size(file.get()))
-      throw FileError("the workbook is damaged");
-    return gsf::ReadAll(stream);
-  }
+  const CompoundFile file(path);
+  for (const char* name : {"Workbook", "Book"})
+    if (auto stream = file.Stream(name)) return *std::move(stream);
   throw FileError("the file is no Excel workbook");
 }
 
@@ -90,8 +84,11 @@ Globals ReadGlobals(Stream& stream) {
   if (!stream.Next() || stream.record() != Record::kBegin)
     throw FileError("the file is no Excel workbook");
   globals.version = stream.TakeBody().Take<U16>();
-  while (stream.Next() && stream.record() != Record::kEnd) {
+  for (;;) {
+    if (!stream.Next()) Damaged();
     switch (stream.record()) {
+      case Record::kEnd:
+        return globals;
       case Record::kPassword:
         throw FileError("the workbook is protected by a password");
       case Record::kDateMode:
@@ -116,7 +113,6 @@ Globals ReadGlobals(Stream& stream) {
         break;
     }
   }
-  return globals;
 }
 
 // Thirty bits: a whole number or the upper half of a double, and whether it is a hundredth.
@@ -153,7 +149,7 @@ struct Place {
 
 class SheetReader {
  public:
-  explicit SheetReader(const Globals& globals) : globals_(globals) {}
+  SheetReader(const Globals& globals, Budget& budget) : globals_(globals), sheet_(budget) {}
 
   void Take(Stream& stream) {
     switch (stream.record()) {
@@ -209,7 +205,7 @@ class SheetReader {
     const Place at = TakePlace(body);
     body.Skip(2);
     const auto number = body.Take<U32>();
-    if (number >= globals_.texts.size()) throw FileError("the workbook is damaged");
+    if (number >= globals_.texts.size()) Damaged();
     sheet_.Text(at.column, at.row, globals_.texts[number]);
   }
 
@@ -251,6 +247,7 @@ class SheetReader {
       case Kind::kEmpty:
         return;
     }
+    Damaged();
   }
 
   void TakeFormulaText(Body body) {
@@ -269,6 +266,7 @@ class SheetReader {
 }  // namespace
 
 std::vector<std::string> XlsSheetNames(const std::filesystem::path& path) {
+  static_cast<void>(Budget(path));
   const std::string bytes = StreamOf(path);
   Stream stream(bytes);
   std::vector<std::string> names;
@@ -277,22 +275,27 @@ std::vector<std::string> XlsSheetNames(const std::filesystem::path& path) {
 }
 
 Worksheet ReadXls(const std::filesystem::path& path) {
+  Budget budget(path);
   const std::string bytes = StreamOf(path);
   Stream stream(bytes);
   const Globals globals = ReadGlobals(stream);
   if (globals.sheets.empty()) throw FileError("the workbook has no sheet");
   stream.GoTo(globals.sheets.front().place);
-  SheetReader reader(globals);
+  SheetReader reader(globals, budget);
   // Charts inside the sheet are streams of their own, from a begin to an end.
-  for (int depth = 0; stream.Next();) {
+  int depth = 0;
+  do {
+    if (!stream.Next()) Damaged();
     if (stream.record() == Record::kBegin) {
       ++depth;
+    } else if (depth == 0) {
+      Damaged();
     } else if (stream.record() == Record::kEnd) {
-      if (--depth <= 0) break;
+      --depth;
     } else if (depth == 1) {
       reader.Take(stream);
     }
-  }
+  } while (depth > 0);
   return std::move(reader).Result();
 }
 

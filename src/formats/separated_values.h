@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "core/worksheet.h"
+#include "formats/export_options.h"
 
 namespace quorval {
 
@@ -13,9 +14,12 @@ namespace quorval {
 Worksheet ReadCommaSeparated(const std::filesystem::path& path);
 Worksheet ReadTabSeparated(const std::filesystem::path& path);
 
-// The used columns of each row, lines ended by LF; a value in double quotes where it must be.
-// Throws a FileError; the old file then stands as it was.
-void WriteCommaSeparated(const std::filesystem::path& path, const Grid& grid);
-void WriteTabSeparated(const std::filesystem::path& path, const Grid& grid);
+// The used columns of each row, lines ended by LF; a value in double quotes where it must be.  What
+// the readers take for no text, a NUL and bytes that are not UTF-8, becomes U+FFFD.  Throws a
+// FileError; the old file then stands as it was.
+void WriteCommaSeparated(const std::filesystem::path& path, const Grid& grid,
+                         const ExportOptions& options = {});
+void WriteTabSeparated(const std::filesystem::path& path, const Grid& grid,
+                       const ExportOptions& options = {});
 
 }  // namespace quorval

@@ -18,19 +18,32 @@ struct Close {
 };
 using Database = std::unique_ptr<sqlite3, Close>;
 
-inline void Check(sqlite3* database, int code) {
-  if (code == SQLITE_OK || code == SQLITE_DONE || code == SQLITE_ROW) return;
+// In our words where the library's would not tell a user what to do.
+inline std::string WordsOf(sqlite3* database, int code) {
+  switch (sqlite3_extended_errcode(database)) {
+    case SQLITE_BUSY:
+      return "another program is writing the file";
+    case SQLITE_READONLY_ROLLBACK:
+      return "another program broke off while it wrote the file: open the file there first";
+    default:
+      break;
+  }
   switch (code & 0xFF) {
     case SQLITE_NOTADB:
-      throw FileError("not a project");
+      return "not a project";
     case SQLITE_CORRUPT:
-      throw FileError("damaged");
+      return "damaged";
     case SQLITE_FULL:
-      throw FileError("the disk is full");
+      return "the disk is full";
     default:  // the number is that of a failed opening, reading or writing; else 0
       const int error_number = sqlite3_system_errno(database);
-      throw FileError(error_number != 0 ? WordsOf(error_number) : sqlite3_errmsg(database));
+      return error_number != 0 ? quorval::WordsOf(error_number) : sqlite3_errmsg(database);
   }
+}
+
+inline void Check(sqlite3* database, int code) {
+  if (code == SQLITE_OK || code == SQLITE_DONE || code == SQLITE_ROW) return;
+  throw FileError(WordsOf(database, code));
 }
 
 inline Database Open(const std::string& name, int flags) {
@@ -88,7 +101,9 @@ class Statement {
 
   void Reset() { sqlite3_reset(statement_.get()); }
 
-  bool IsNull(int column) { return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL; }
+  // SQLITE_INTEGER, SQLITE_FLOAT, SQLITE_TEXT, SQLITE_BLOB or SQLITE_NULL.
+  int Type(int column) { return sqlite3_column_type(statement_.get(), column); }
+  bool IsNull(int column) { return Type(column) == SQLITE_NULL; }
   std::int64_t Integer(int column) { return sqlite3_column_int64(statement_.get(), column); }
   double Number(int column) { return sqlite3_column_double(statement_.get(), column); }
   std::string_view Text(int column) {

@@ -43,7 +43,10 @@ constexpr Kind kKinds[] = {
     {IsTsv, NameOfFile, ReadTabSeparated},
 };
 
+// Of a regular file: looking into a pipe would wait for ever.
 const Kind* KindOf(const std::filesystem::path& path) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error)) return nullptr;
   for (const Kind& kind : kKinds)
     if (kind.is(path)) return &kind;
   return nullptr;

@@ -5,7 +5,9 @@
 #include <optional>
 #include <string>
 
+#include "core/notice.h"
 #include "core/worksheet.h"
+#include "formats/export_options.h"
 
 namespace quorval {
 
@@ -15,10 +17,15 @@ std::optional<std::string> ReadWorksheet(const std::filesystem::path& path, Work
 
 // The numbers with all their digits.  The old file stands as it was where it cannot be replaced;
 // what is returned says why.
-std::optional<std::string> WriteGrid(const std::filesystem::path& path, const Grid& grid);
+std::optional<std::string> WriteGrid(const std::filesystem::path& path, const Grid& grid,
+                                     const ExportOptions& options = {});
+
+// What the file of this name leaves out of the grid, or holds otherwise.
+Notices LossesOf(const std::filesystem::path& path, const Grid& grid);
 
 // The same, by a FileError that does not name the file.
-void WriteGridFile(const std::filesystem::path& path, const Grid& grid);
+void WriteGridFile(const std::filesystem::path& path, const Grid& grid,
+                   const ExportOptions& options);
 
 // Whether WriteGrid() knows the extension.
 bool CanWrite(const std::filesystem::path& path);

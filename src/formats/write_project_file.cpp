@@ -14,9 +14,10 @@ namespace {
 using sqlite::Database;
 using sqlite::Statement;
 
-// The database is written once and then put in place as a whole: it needs no journal.
+// The database is written once into a file that is there, empty, and then put in place as a whole:
+// it needs no journal.
 Database Create(const std::filesystem::path& path) {
-  Database database = sqlite::Open(path.string(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  Database database = sqlite::Open(path.string(), SQLITE_OPEN_READWRITE);
   sqlite::Execute(database,
                   "PRAGMA page_size=16384; PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF;"
                   "PRAGMA locking_mode=EXCLUSIVE; PRAGMA temp_store=MEMORY; BEGIN");

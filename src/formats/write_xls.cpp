@@ -133,19 +133,16 @@ std::string Sheet(const Grid& grid, StringTable& texts) {
 void WriteXls(const std::filesystem::path& path, const Grid& grid) {
   StringTable texts;
   const std::string sheet = Sheet(grid, texts);
-  ReplacedFile file(path);
-  {
-    const gsf::Owner<GsfOutput> sink = gsf::WriteFile(file.path());
-    const gsf::Owner<GsfOutput> container(GSF_OUTPUT(gsf_outfile_msole_new(sink.get())));
-    const gsf::Owner<GsfOutput> stream(
-        gsf_outfile_new_child(GSF_OUTFILE(container.get()), "Workbook", FALSE));
-    gsf::Write(stream, Globals(texts));
-    gsf::Write(stream, sheet);
-    gsf::Close(stream);
-    gsf::Close(container);
-    gsf::Close(sink);
-  }
-  file.Commit();
+  const gsf::Owner<GsfOutput> file = gsf::NewOutput();
+  const gsf::Owner<GsfOutput> container(GSF_OUTPUT(gsf_outfile_msole_new(file.get())));
+  const gsf::Owner<GsfOutput> stream(
+      gsf_outfile_new_child(GSF_OUTFILE(container.get()), "Workbook", FALSE));
+  gsf::Write(stream, Globals(texts));
+  gsf::Write(stream, sheet);
+  gsf::Close(stream);
+  gsf::Close(container);
+  gsf::Close(file);
+  ReplaceFile(path, gsf::BytesOf(file));
 }
 
 }  // namespace quorval

@@ -2,7 +2,6 @@
 #include <unordered_map>
 
 #include "formats/exported_cell.h"
-#include "formats/replaced_file.h"
 #include "formats/xlsx.h"
 #include "formats/xlsx_text.h"
 #include "formats/xml.h"
@@ -101,15 +100,6 @@ class Texts {
   std::string xml_;
 };
 
-// "A" to "ZZ".
-std::string ColumnName(int column) {
-  constexpr int kLetters = 26;
-  std::string name;
-  for (; column > 0; column = (column - 1) / kLetters)
-    name.insert(name.begin(), static_cast<char>('A' + (column - 1) % kLetters));
-  return name;
-}
-
 template <class Number>
 void AppendNumber(std::string& xml, Number number) {
   char digits[32];
@@ -176,21 +166,17 @@ class SheetWriter {
 }  // namespace
 
 void WriteXlsx(const std::filesystem::path& path, const Grid& grid) {
-  ReplacedFile file(path);
-  {
-    ZipWriter zip(file.path());
-    Texts texts;
-    zip.Add("[Content_Types].xml", Part(kContentTypes));
-    zip.Add("_rels/.rels", Part(kRelations));
-    zip.Add("xl/workbook.xml", Workbook());
-    zip.Add("xl/_rels/workbook.xml.rels", Part(kWorkbookRelations));
-    zip.Add("xl/styles.xml", Styles());
-    zip.Add("xl/worksheets/sheet1.xml",
-            [&](const ZipWriter::Sink& sink) { SheetWriter(grid, texts).Write(sink); });
-    zip.Add("xl/sharedStrings.xml", texts.Part());
-    zip.Close();
-  }
-  file.Commit();
+  ZipWriter zip(path);
+  Texts texts;
+  zip.Add("[Content_Types].xml", Part(kContentTypes));
+  zip.Add("_rels/.rels", Part(kRelations));
+  zip.Add("xl/workbook.xml", Workbook());
+  zip.Add("xl/_rels/workbook.xml.rels", Part(kWorkbookRelations));
+  zip.Add("xl/styles.xml", Styles());
+  zip.Add("xl/worksheets/sheet1.xml",
+          [&](const ZipWriter::Sink& sink) { SheetWriter(grid, texts).Write(sink); });
+  zip.Add("xl/sharedStrings.xml", texts.Part());
+  zip.Close();
 }
 
 }  // namespace quorval

@@ -26,6 +26,19 @@ std::optional<std::uint16_t> NumberAt(std::string_view text) {
 
 bool MustBeNumber(unsigned char c) { return c < 0x20 && c != '\t' && c != '\n'; }
 
+// U+FFFE or U+FFFF in UTF-8.
+std::optional<std::uint16_t> NonCharacterAt(std::string_view text) {
+  if (text.starts_with("\xEF\xBF\xBE")) return std::uint16_t{0xFFFE};
+  if (text.starts_with("\xEF\xBF\xBF")) return std::uint16_t{0xFFFF};
+  return std::nullopt;
+}
+
+std::string AsNumber(unsigned character) {
+  char number[8];
+  std::snprintf(number, sizeof number, "_x%04X_", character & 0xFFFF);
+  return number;
+}
+
 }  // namespace
 
 std::string EncodedXlsxText(std::string_view text) {
@@ -33,9 +46,10 @@ std::string EncodedXlsxText(std::string_view text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     const auto c = static_cast<unsigned char>(text[i]);
     if (MustBeNumber(c) || (c == '_' && NumberAt(text.substr(i)))) {
-      char number[8];
-      std::snprintf(number, sizeof number, "_x%04X_", c);
-      encoded += number;
+      encoded += AsNumber(c);
+    } else if (const auto character = c == 0xEF ? NonCharacterAt(text.substr(i)) : std::nullopt) {
+      encoded += AsNumber(*character);
+      i += 2;
     } else {
       encoded += text[i];
     }

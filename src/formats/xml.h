@@ -1,12 +1,15 @@
 // Reading the elements of an XML text, and the text to write into one.
 #pragma once
 
+#include <deque>
+#include <new>
 #include <orcus/sax_parser.hpp>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "formats/budget.h"
 #include "formats/file_error.h"
 
 namespace quorval::xml {
@@ -16,20 +19,20 @@ class Attributes {
  public:
   // Empty where there is none.
   std::string_view operator[](std::string_view name) const {
-    for (std::size_t i = 0; i < count_; ++i)
-      if (all_[i].first == name) return all_[i].second;
+    for (const auto& [known, value] : all_)
+      if (known == name) return value;
     return {};
   }
-  void Add(std::string_view name, std::string_view value) {
-    if (count_ == all_.size()) all_.emplace_back();
-    all_[count_].first = name;
-    all_[count_++].second = value;
+  // A transient value is gone once this returns.
+  void Add(std::string_view name, std::string_view value, bool transient);
+  void Clear() {
+    all_.clear();
+    kept_.clear();
   }
-  void Clear() { count_ = 0; }
 
  private:
-  std::vector<std::pair<std::string, std::string>> all_;  // kept, so that their room is
-  std::size_t count_ = 0;
+  std::vector<std::pair<std::string_view, std::string_view>> all_;
+  std::deque<std::string> kept_;  // values that were transient
 };
 
 // Passes on to `Reader`: Begin(name, attributes), End(name) and Characters(text), names without the
@@ -37,14 +40,16 @@ class Attributes {
 template <class Reader>
 class Handler : public orcus::sax_handler {
  public:
-  explicit Handler(Reader& reader) : reader_(reader) {}
+  Handler(Reader& reader, Budget& budget) : reader_(reader), budget_(budget) {}
   void attribute(const orcus::sax::parser_attribute& attribute) {
-    attributes_.Add(attribute.name, attribute.value);
+    budget_.attributes.Take();
+    attributes_.Add(attribute.name, attribute.value, attribute.transient);
   }
   void start_element(const orcus::sax::parser_element& element) {
+    budget_.elements.Take();
+    if (++depth_ > limits::kNesting) RefuseNesting();
     reader_.Begin(element.name, attributes_);
     attributes_.Clear();
-    ++depth_;
   }
   void end_declaration(std::string_view) { attributes_.Clear(); }
   void end_element(const orcus::sax::parser_element& element) {
@@ -57,29 +62,38 @@ class Handler : public orcus::sax_handler {
   bool Whole() const { return whole_; }
 
  private:
+  [[noreturn]] static void RefuseNesting() {
+    throw FileError("the file holds elements of XML nested more than " +
+                    std::to_string(limits::kNesting) + " deep");
+  }
+
   Reader& reader_;
+  Budget& budget_;
   int depth_ = 0;
   bool whole_ = false;
   Attributes attributes_;
 };
 
 // Throws a FileError where the text refers by number to no character: the parser would not return.
+// And where a reference stands in too long a text: the parser would copy it.
 void RefuseBadReferences(std::string_view text);
 
-// Throws a FileError where the text is no XML; what stands behind its root element is not looked
-// at.
+// Throws a FileError where the text is no XML, or does not fit the budget; what stands behind its
+// root element is not looked at.
 template <class Reader>
-void Parse(std::string text, Reader& reader) {
+void Parse(std::string text, Reader& reader, Budget& budget) {
   RefuseBadReferences(text);
   // The parser may step over the end of a text that breaks off inside a tag, and does not find
   // back.  These close a value in either kind of quotes and are an error behind it, as in any other
   // place, well before that end.
   text += "\"'<<<<<<<<<<<<<<";
-  Handler<Reader> handler(reader);
+  Handler<Reader> handler(reader, budget);
   try {
     orcus::sax_parser<Handler<Reader>> parser(text.data(), text.size(), handler);
     parser.parse();
   } catch (const FileError&) {
+    throw;
+  } catch (const std::bad_alloc&) {
     throw;
   } catch (const std::exception&) {
     if (!handler.Whole()) throw FileError("the workbook is damaged");

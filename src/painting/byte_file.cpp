@@ -1,14 +1,17 @@
 #include "painting/byte_file.h"
 
-#include <fstream>
+#include "formats/file_error.h"
+#include "formats/replaced_file.h"
 
 namespace quorval {
 
 bool WriteBytes(const QByteArray& bytes, const std::filesystem::path& path) {
-  std::ofstream file(path, std::ios::binary);
-  file.write(bytes.data(), bytes.size());
-  file.close();
-  return file.good();
+  try {
+    ReplaceFile(path, {bytes.data(), static_cast<std::size_t>(bytes.size())});
+    return true;
+  } catch (const FileError&) {
+    return false;
+  }
 }
 
 }  // namespace quorval

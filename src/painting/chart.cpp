@@ -281,8 +281,13 @@ void DrawPlot(const Plot& plot, QCustomPlot& chart) {
   chart.clearPlottables();
   PlaceTexts(plot, chart);
   const Extent x = ExtentOfX(plot), y = ExtentOfY(plot);
-  StyleAxis(*chart.xAxis, plot.x, RangeOf(plot.x, x, false), !x.Empty() || plot.x.min);
-  StyleAxis(*chart.yAxis, plot.y, RangeOf(plot.y, y, HasBars(plot)), !y.Empty() || plot.y.min);
+  QCPRange x_range = RangeOf(plot.x, x, false), y_range = RangeOf(plot.y, y, HasBars(plot));
+  if (const std::optional<View>& view = plot.view) {
+    x_range = {view->x_min, view->x_max};
+    y_range = {view->y_min, view->y_max};
+  }
+  StyleAxis(*chart.xAxis, plot.x, x_range, !x.Empty() || plot.x.min);
+  StyleAxis(*chart.yAxis, plot.y, y_range, !y.Empty() || plot.y.min);
   CloseFrame(*chart.xAxis2);
   CloseFrame(*chart.yAxis2);
   chart.axisRect()->setMinimumMargins({14, 14, 24, 10});

@@ -311,8 +311,8 @@ bool PaintJobs(std::span<const PrintJob> jobs, const QLocale& locale, QPagedPain
   return painter.end();
 }
 
-bool PrintToPdf(std::span<const PrintJob> jobs, const QLocale& locale,
-                const std::filesystem::path& path, const std::optional<QPageLayout>& paper) {
+QByteArray PdfBytes(std::span<const PrintJob> jobs, const QLocale& locale,
+                    const std::optional<QPageLayout>& paper) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
@@ -320,7 +320,13 @@ bool PrintToPdf(std::span<const PrintJob> jobs, const QLocale& locale,
   pdf.setResolution(kPdfDpi);
   pdf.setPageLayout(paper ? *paper : PaperOf(jobs));
   if (!jobs.empty()) pdf.setTitle(ToQt(jobs.front().name));
-  return PaintJobs(jobs, locale, pdf) && WriteBytes(bytes, path);
+  return PaintJobs(jobs, locale, pdf) ? bytes : QByteArray();
+}
+
+bool PrintToPdf(std::span<const PrintJob> jobs, const QLocale& locale,
+                const std::filesystem::path& path, const std::optional<QPageLayout>& paper) {
+  const QByteArray bytes = PdfBytes(jobs, locale, paper);
+  return !bytes.isEmpty() && WriteBytes(bytes, path);
 }
 
 }  // namespace quorval

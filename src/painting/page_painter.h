@@ -1,6 +1,7 @@
 // The printed page of a sheet.
 #pragma once
 
+#include <QByteArray>
 #include <QLocale>
 #include <QPageLayout>
 #include <filesystem>
@@ -26,7 +27,11 @@ using GoOn = std::function<bool(const PrintJob& job, int page, int pages)>;
 bool PaintJobs(std::span<const PrintJob> jobs, const QLocale& locale, QPagedPaintDevice& device,
                const GoOn& go_on = {});
 
-// The same into a PDF file, on PaperOf() where no other is named; false when it cannot be written.
+// The same as a PDF file, on PaperOf() where no other is named; empty when it cannot be painted.
+QByteArray PdfBytes(std::span<const PrintJob> jobs, const QLocale& locale,
+                    const std::optional<QPageLayout>& paper = {});
+
+// Writes that file; false when it cannot be written.
 bool PrintToPdf(std::span<const PrintJob> jobs, const QLocale& locale,
                 const std::filesystem::path& path, const std::optional<QPageLayout>& paper = {});
 

@@ -64,7 +64,8 @@ QByteArray PdfBytes(QCustomPlot& chart, QSize size) {
 }
 
 // The picture in the format of the extension; empty where that is none of ours.
-QByteArray BytesOf(QCustomPlot& chart, QSize size, const std::string& extension) {
+QByteArray BytesOf(QCustomPlot& chart, QSize size, const std::string& named) {
+  const std::string extension = QString::fromStdString(named).toLower().toStdString();
   if (extension == ".png") return BitmapBytes(chart, size, "PNG");
   if (extension == ".bmp") return BitmapBytes(chart, size, "BMP");
   if (extension == ".svg") return SvgBytes(chart, size);
@@ -85,16 +86,20 @@ QImage ImageOf(QCustomPlot& chart, QSize size) {
 }
 
 bool WritePicture(QCustomPlot& chart, QSize size, const std::filesystem::path& path) {
-  const QString extension = QString::fromStdString(path.extension().string()).toLower();
-  const QByteArray bytes = BytesOf(chart, size, extension.toStdString());
+  const QByteArray bytes = BytesOf(chart, size, path.extension().string());
   return !bytes.isEmpty() && WriteBytes(bytes, path);
 }
 
-bool WritePicture(const Plot& plot, const std::filesystem::path& path) {
+QByteArray PictureBytes(const Plot& plot, const std::string& extension) {
   QCustomPlot chart;
   DrawPlot(plot, chart);
   const QSize size(kPictureWidth, int(std::lround(kPictureWidth / plot.aspect)));
-  return WritePicture(chart, size, path);
+  return BytesOf(chart, size, extension);
+}
+
+bool WritePicture(const Plot& plot, const std::filesystem::path& path) {
+  const QByteArray bytes = PictureBytes(plot, path.extension().string());
+  return !bytes.isEmpty() && WriteBytes(bytes, path);
 }
 
 }  // namespace quorval

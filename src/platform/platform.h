@@ -32,6 +32,8 @@ struct FileQuestion {
   std::filesystem::path folder{};
   std::string proposed_name{};
   std::string default_extension{};
+  std::string option{};           // the caption of a box to tick; empty: there is none
+  bool* option_chosen = nullptr;  // how the box starts, and what was chosen
 };
 
 // A twip is 1/1440 inch.

@@ -1,4 +1,4 @@
-// The exact upper tail of the F distribution, by the incomplete beta function.
+// P of an F, without a table: the upper tail by the incomplete beta function.
 #pragma once
 
 #include "core/real.h"

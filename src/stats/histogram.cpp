@@ -16,8 +16,14 @@ HistogramClasses DivideRange(const Description& values, int k) {
 }
 
 std::optional<int> SpecifiedClasses(const Form& form, const Field& choice, const Field& count) {
-  if (form.Is(choice, "default") || form.Blank(count)) return std::nullopt;
-  return form.Column(count);
+  if (form.Is(choice, "default")) return std::nullopt;
+  if (form.Blank(count)) {
+    form.Note(count, ", so the default number of classes was drawn");
+    return std::nullopt;
+  }
+  const int k = form.Column(count);
+  if (k < 1) form.Note(count, ", so one class was drawn");
+  return k;
 }
 
 HistogramClasses ChooseClasses(const Form& form, const Field& choice, const Field& count,

@@ -1,4 +1,4 @@
-// The Anderson-Darling test for normality, with mean and SD estimated from the sample.
+// Anderson and Darling's test of a Gaussian distribution whose mean and SD come from the sample.
 #pragma once
 
 #include <span>

@@ -1,4 +1,4 @@
-// Significance by printed tables of critical values: as a class of P, not as a P.
+// Significance by printed tables of critical values: a class of P, never its value.
 #pragma once
 
 #include <span>

@@ -44,7 +44,7 @@ TEST_F(GeneralStatistics, LeaveThePictureOfTwoSamples) {
   OpenAnalysis& open = workbench.Open(general::kTwoSamples);
   EXPECT_EQ(workbench.PressOk(open), Outcome::kDone);
   EXPECT_THAT(platform.kept, ElementsAre(folder / "PlotGenD.svg"));
-  EXPECT_THAT(workbench.plots(), SizeIs(1));
+  EXPECT_THAT(open.results->plots, SizeIs(1));
 }
 
 TEST_F(GeneralStatistics, FailWhereThePictureCannotBeLeft) {
@@ -54,7 +54,7 @@ TEST_F(GeneralStatistics, FailWhereThePictureCannotBeLeft) {
   EXPECT_THAT(platform.boxes, ElementsAre("Error in t-test plot routine", "Error"));
   EXPECT_FALSE(open.results->shown);
   EXPECT_TRUE(open.dialog_shown);
-  EXPECT_THAT(workbench.plots(), IsEmpty());
+  EXPECT_THAT(open.results->plots, IsEmpty());
 }
 
 TEST_F(GeneralStatistics, PrintEachPlotOfOneSampleByAnEntryOfItsOwn) {

@@ -117,7 +117,7 @@ TEST_F(ProjectFilesTest, SaveWritesToTheProjectsFile) {
   workbench.project().Rename("New name");
   files.Save();
   EXPECT_THAT(platform.boxes, IsEmpty());
-  EXPECT_TRUE(files.OpenFile(folder / "a.qvl"));
+  files.OpenFile(folder / "a.qvl");
   EXPECT_EQ(worksheet.Text(3, 0), "changed");
   EXPECT_EQ(context().ProjectName, "New name");
 }
@@ -127,7 +127,7 @@ TEST_F(ProjectFilesTest, AFullSheetComesBackWhole) {
   workbench.project().Rename("Full");
   platform.paths = {folder / "a.qvl"};
   files.SaveAs();
-  EXPECT_TRUE(files.OpenFile(folder / "a.qvl"));
+  files.OpenFile(folder / "a.qvl");
   EXPECT_EQ(worksheet.Text(1, Worksheet::kLastRow), "last");
   EXPECT_EQ(worksheet.DataRowCnt(), 10000);
   EXPECT_EQ(context().ProjectName, "Full");
@@ -138,7 +138,7 @@ TEST_F(ProjectFilesTest, AnEmptyProjectComesBackAsTwoRows) {
   workbench.project().SetNote("note");
   platform.paths = {folder / "a.qvl"};
   files.SaveAs();
-  EXPECT_TRUE(files.OpenFile(folder / "a.qvl"));
+  files.OpenFile(folder / "a.qvl");
   EXPECT_EQ(worksheet.Text(1, 0), "Project 1");
   EXPECT_EQ(worksheet.Text(1, 1), "note");
   EXPECT_EQ(context().ProjectName, "Project 1 ");
@@ -268,7 +268,7 @@ TEST_F(ResultsFilesTest, OpenAsAProjectNamedResults) {
   EXPECT_THAT(platform.file_questions[0].filters, ElementsAre("Quorval Results File (.qvl)|*.qvl"));
   EXPECT_EQ(platform.file_questions[0].proposed_name,
             "Demo XY Regression Project (single)Results  ");
-  EXPECT_TRUE(files.OpenFile(folder / "a.qvl"));
+  files.OpenFile(folder / "a.qvl");
   EXPECT_EQ(context().ProjectName, "Results");
   EXPECT_EQ(context().ProjectNote, "Results");
   for (int row = 1; row <= before.DataRowCnt(); ++row)

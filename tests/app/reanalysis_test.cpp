@@ -1,4 +1,5 @@
 // The repetition of a regression without the outliers that it marked.
+#include <cmath>
 #include <filesystem>
 
 #include "analyses/registry.h"
@@ -49,9 +50,7 @@ struct Session {
   }
   ResultsWindow& window() { return *open->results; }
   std::string Text(int row, int column = 1) { return window().sheet.grid().Text(column, row); }
-  const Plot& PlotOf(std::string_view name) {
-    return *std::ranges::find(workbench.plots(), name, &Plot::window);
-  }
+  const Plot& PlotOf(std::string_view name) { return *window().FindPlot(name); }
 };
 
 // The columns without the marked points of WithSixOutliers().
@@ -63,12 +62,13 @@ Columns Retained(const Columns& columns) {
   return retained;
 }
 
+// With a ratio of the SDs of exactly 1, whichever rows are left out.
 Columns Duplicated() {
   Columns columns = WithSixOutliers();
   Columns four{columns[0], columns[0], columns[1], columns[1]};
   for (std::size_t row = 0; row < four[0].size(); ++row) {
-    four[1][row] += row % 2 == 0 ? ".1" : ".2";
-    four[3][row] = ShortestText(ToNumber(four[3][row]) + (row % 3 == 0 ? 0.2 : -0.1));
+    four[1][row] += ".125";
+    four[3][row] = ShortestText(ToNumber(four[3][row]) + (row % 3 == 0 ? 0.125 : -0.125));
   }
   return four;
 }
@@ -173,6 +173,33 @@ INSTANTIATE_TEST_SUITE_P(
                5,
                43,
                57}));
+
+// The rejected points differ in the ratio of their duplicates, so that a ratio estimated anew would
+// be another one.  Expected numbers: tests/independent/regressions.py.
+TEST(ReanalysisOfDuplicates, KeepsTheRatioOfTheFirstRun) {
+  const struct {
+    const Analysis* analysis;
+    std::string computed;
+    Settings settings;
+  } methods[] = {{&regression::kDeming, "deming outliers duplicate", {}},
+                 {&regression::kWeightedDeming,
+                  "weighted-deming outliers duplicate",
+                  {{"weighting-exponent", "1"}, {"truncation-limit", "3"}}}};
+  for (const auto& [analysis, computed, settings] : methods) {
+    SCOPED_TRACE(computed);
+    Settings duplicate = settings;
+    duplicate.insert(duplicate.end(), {{"mode", "duplicate"}, {"outlier-limit", "2"}});
+    ExpectComputed(*analysis, {computed, DuplicatesWithOutliers(), duplicate}, 1e-8);
+    Session session(*analysis, DuplicatesWithOutliers(), duplicate);
+    session.workbench.Reanalyse(*session.open);
+    EXPECT_EQ(session.Text(6, 2), "34");
+    const std::vector<Number> expected = NumbersOf(computed + " repeated");
+    EXPECT_GE(expected.size(), 12U);
+    for (const auto& [row, column, value] : expected)
+      EXPECT_NEAR(session.window().sheet.grid().At(column, row).value.value_or(NAN), value, 1e-8)
+          << row << ", " << column;
+  }
+}
 
 TEST(ReanalysisOfDeming, ShowsShortTables) {
   Session session(regression::kDeming, WithSixOutliers(),

@@ -68,7 +68,7 @@ TEST_F(ReferenceIntervalTest, ShowsNoWindowsOfAFailedRun) {
   EXPECT_FALSE(open.results->shown);
   EXPECT_EQ(open.results->sheet.grid().Text(1, 3), "  Project:");  // filled, but not displayed
   EXPECT_TRUE(open.dialog_shown);
-  EXPECT_THAT(workbench.plots(), IsEmpty());
+  EXPECT_THAT(open.results->plots, IsEmpty());
 }
 
 TEST_F(ReferenceIntervalTest, PrintsThePlotsThatAreOpen) {

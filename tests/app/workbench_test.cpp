@@ -83,8 +83,7 @@ TEST_F(WorkbenchTest, ShowsResultsAndPlotsAndHidesTheDialog) {
   EXPECT_EQ(open.results->title,
             "Quorval      Ordinary Least-Squares Regression Analysis    Single (x, y)");
   EXPECT_EQ(open.results->sheet.grid().At(7, 1).look.colour, kGrey);
-  ASSERT_THAT(workbench.plots(), SizeIs(2));
-  EXPECT_TRUE(Shows(open, workbench.plots()[0]));
+  EXPECT_THAT(open.results->plots, SizeIs(2));
   EXPECT_FALSE(platform.wait_pointer);
 }
 
@@ -95,7 +94,6 @@ TEST_F(WorkbenchTest, GoesBackToTheOptionsAsTheUserLeftThem) {
   workbench.BackToOptions(open);
   EXPECT_TRUE(open.dialog_shown);
   EXPECT_FALSE(open.results);
-  EXPECT_THAT(workbench.plots(), IsEmpty());
   EXPECT_EQ(open.form.TextOf("xc1"), "5");
   EXPECT_EQ(workbench.PressOk(open), Outcome::kDone);
 }
@@ -106,7 +104,6 @@ TEST_F(WorkbenchTest, LeavesTogetherAndForgetsTheOptions) {
   workbench.PressOk(open);
   workbench.Exit(open);
   EXPECT_THAT(workbench.open(), IsEmpty());
-  EXPECT_THAT(workbench.plots(), IsEmpty());
   EXPECT_EQ(workbench.Open(regression::kOls).form.TextOf("xc1"), "");
 }
 
@@ -127,8 +124,10 @@ TEST_F(WorkbenchTest, LeavesTheWindowsOfAFailedRunOpenWithoutData) {
   EXPECT_THAT(platform.wait_pointer_at_box, ElementsAre(false));
   EXPECT_TRUE(open.results->shown);
   EXPECT_FALSE(open.dialog_shown);
-  ASSERT_THAT(workbench.plots(), SizeIs(2));
-  for (const Plot& plot : workbench.plots()) EXPECT_THAT(plot.series, IsEmpty());
+  ASSERT_THAT(open.results->plots, SizeIs(2));
+  EXPECT_EQ(open.results->plots[0].caption, "X-Y plot Ord. least-squares reg. analysis");
+  EXPECT_EQ(open.results->plots[1].caption, "Standardized residuals plot");
+  for (const Plot& plot : open.results->plots) EXPECT_THAT(plot.series, IsEmpty());
 }
 
 TEST_F(WorkbenchTest, ClosesTheResultsOfAFailedRunWhereItsAnalysisSaysSo) {
@@ -136,7 +135,7 @@ TEST_F(WorkbenchTest, ClosesTheResultsOfAFailedRunWhereItsAnalysisSaysSo) {
   EXPECT_EQ(workbench.PressOk(open), Outcome::kRefused);
   EXPECT_FALSE(open.results->shown);
   EXPECT_TRUE(open.dialog_shown);
-  EXPECT_THAT(workbench.plots(), IsEmpty());
+  EXPECT_THAT(open.results->plots, IsEmpty());
 }
 
 TEST_F(WorkbenchTest, TakesTheDecimalsOfTheMoment) {
@@ -194,7 +193,7 @@ TEST_F(WorkbenchTest, PrintsAPageForEachJobWhosePlotIsThere) {
   workbench.BackToOptions(open);
   workbench.worksheet().SetText(2, 1, "0");  // leaves out the relative plot
   EXPECT_EQ(workbench.PressOk(open), Outcome::kDone);
-  EXPECT_THAT(workbench.plots(), SizeIs(1));
+  EXPECT_THAT(open.results->plots, SizeIs(1));
   platform.pictures.clear();
   workbench.PrintPlots(open);
   EXPECT_THAT(platform.pictures, ElementsAre(folder / " Chart2D1.bmp"));
@@ -213,7 +212,7 @@ TEST_F(WorkbenchTest, TellsOfAPrintThatFailed) {
 TEST_F(WorkbenchTest, AddsTheResidualPlotBelowTheSheet) {
   OpenAnalysis& open = OpenOlsOnExample();
   workbench.PressOk(open);
-  workbench.AddPlotToSheet(workbench.plots()[1]);
+  workbench.AddPlotToSheet(open, open.results->plots[1]);
   const Grid& grid = open.results->sheet.grid();  // 29 rows before
   EXPECT_EQ(grid.At(1, 30).look.type, CellType::kPicture);
   EXPECT_GT(grid.At(1, 30).look.span_columns, 1);
@@ -246,7 +245,7 @@ TEST_F(WorkbenchTest, RunsEveryAnalysisOnNoDataWithoutLosingAnything) {
     EXPECT_FALSE(platform.boxes.empty()) << entry.analysis->id;
     EXPECT_FALSE(platform.wait_pointer);
     workbench.Exit(open);
-    EXPECT_THAT(workbench.plots(), IsEmpty()) << entry.analysis->id;
+    EXPECT_THAT(workbench.open(), IsEmpty()) << entry.analysis->id;
   }
 }
 

@@ -92,7 +92,8 @@ TEST(Data, TellsARefusalAndWritesNothing) {
   const Ended ended = RunProgram({"data", "transform", folder / "a.csv", "--set", "column=1",
                                   "--set", "transform=3", "--save", folder / "b.csv"});
   EXPECT_EQ(ended.status, 1);
-  EXPECT_EQ(ended.err, MessageLines({"Non-positive value(s): No transformation", "Error"}));
+  EXPECT_EQ(MessagesIn(ended.err),
+            MessageLines({"Non-positive value(s): No transformation", "Error"}));
   EXPECT_EQ(folder.Count(), 1u);
 }
 

@@ -47,7 +47,7 @@ TEST(Plots, OfARefusedRunAreNone) {
   const TemporaryFolder folder;
   const Ended ended = RunProgram(OlsWith({"--plots", folder.path(), "--set", "xc1=1e39"}));
   EXPECT_EQ(ended.status, 1);
-  EXPECT_EQ(ended.err, MessageLines({"Error occurred"}));
+  EXPECT_EQ(MessagesIn(ended.err), MessageLines({"Error occurred"}));
   EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 

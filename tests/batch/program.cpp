@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <sstream>
 
 #include "support/temporary_folder.h"
 
@@ -52,6 +53,14 @@ std::string MessageLines(const std::vector<std::string>& texts) {
   std::string lines;
   for (const std::string& text : texts) lines += "message: " + text + "\n";
   return lines;
+}
+
+std::string MessagesIn(const std::string& err) {
+  std::istringstream lines(err);
+  std::string messages;
+  for (std::string line; std::getline(lines, line);)
+    if (line.starts_with("message: ")) messages += line + "\n";
+  return messages;
 }
 
 }  // namespace quorval::test

@@ -26,5 +26,7 @@ Answered RunForJson(Arguments arguments);
 
 // "message: " lines of standard error.
 std::string MessageLines(const std::vector<std::string>& texts);
+// Those among others.
+std::string MessagesIn(const std::string& err);
 
 }  // namespace quorval::test

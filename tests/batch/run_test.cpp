@@ -77,8 +77,8 @@ TEST(Run, TellsAllThatTheWindowsShow) {
   const Json& run = answer.json;
   std::vector<std::string> keys;
   for (const auto& [key, value] : run.items()) keys.push_back(key);
-  EXPECT_THAT(
-      keys, ElementsAre("schema", "analysis", "options", "status", "messages", "results", "plots"));
+  EXPECT_THAT(keys, ElementsAre("schema", "analysis", "options", "status", "messages", "notices",
+                                "results", "plots"));
   EXPECT_EQ(run["schema"], 1);
   EXPECT_EQ(run["analysis"], "ols");
   EXPECT_EQ(run["status"], "done");
@@ -216,7 +216,7 @@ TEST_P(RefusedRun, TellsItsMessagesInOrder) {
     arguments.insert(arguments.end(), {"--set", setting});
   const Answered answer = RunForJson(arguments);
   EXPECT_EQ(answer.status, 1);
-  EXPECT_EQ(answer.err, MessageLines(GetParam().messages));
+  EXPECT_EQ(MessagesIn(answer.err), MessageLines(GetParam().messages));
   EXPECT_EQ(answer.json["status"], "refused");
   Json messages = Json::array();
   for (const std::string& text : GetParam().messages)
@@ -293,7 +293,7 @@ TEST(Run, KeepsTheRowsWrittenBeforeBadDecimals) {
     const Answered answer =
         RunForJson({"run", "ols", "--demo", "XY Regression Single", "--decimals", decimals});
     EXPECT_EQ(answer.status, 1) << decimals;
-    EXPECT_EQ(answer.err, MessageLines({kError})) << decimals;
+    EXPECT_EQ(MessagesIn(answer.err), MessageLines({kError})) << decimals;
     const Json last = answer.json["results"]["cells"].back();
     EXPECT_EQ(last["row"], 11) << decimals;
     EXPECT_EQ(last["text"], "  Slope b") << decimals;

@@ -8,7 +8,7 @@ namespace {
 constexpr Choice kKinds[] = {{"plain", "Plain"}, {"weighted", "Weighted"}};
 constexpr Field kKind{
     .key = "kind", .kind = FieldKind::kChoice, .initial = "plain", .choices = kKinds};
-constexpr Field kLimit{.key = "limit", .initial = "4"};
+constexpr Field kLimit{.key = "limit", .caption = "Limit:", .initial = "4"};
 constexpr Field kPower{.key = "power", .initial = "2", .shown = {When{"kind", "weighted"}}};
 constexpr Field kReplicates{.key = "replicates", .initial = "200"};
 
@@ -71,13 +71,89 @@ TEST(Form, ReadsTheLeadingNumberInDialogsAndTheWholeTextInRuns) {
 
 TEST(Form, TellsTheFirstBrokenRule) {
   Form form(kDialog);
-  EXPECT_EQ(form.BrokenRule(), nullptr);
+  Notices notices;
+  EXPECT_EQ(form.BrokenRule(notices), nullptr);
+  EXPECT_TRUE(notices.empty());
   form.Set("power", "2.01");
-  EXPECT_EQ(form.BrokenRule()->words, "power");
+  EXPECT_EQ(form.BrokenRule(notices)->words, "power");
   form.Set("limit", "-1");
-  EXPECT_EQ(form.BrokenRule()->words, "limit");
+  EXPECT_EQ(form.BrokenRule(notices)->words, "limit");
   form.Set("limit", "1e39");  // beyond 32 bits
-  EXPECT_EQ(form.BrokenRule()->words, "limit");
+  EXPECT_EQ(form.BrokenRule(notices)->words, "limit");
+}
+
+// What was read in part or not at all; a copy of the form is no longer listened to.
+TEST(Form, NotesWhatItCouldNotReadWhole) {
+  struct Reading {
+    const char* text;
+    void (*read)(const Form&);
+    std::string outcome;
+  };
+  const auto leading = [](const Form& form) { static_cast<void>(form.Number32(kLimit)); };
+  const auto whole = [](const Form& form) { static_cast<void>(form.WholeNumber32(kLimit)); };
+  const auto column = [](const Form& form) { static_cast<void>(form.Column(kLimit)); };
+  for (const auto& [text, read, outcome] : std::initializer_list<Reading>{
+           {"1.5", leading, ""},
+           {" 2 ", leading, ""},
+           {"1,5", leading, R"(holds "1,5" and was read as 1)"},
+           {"2x", leading, R"(holds "2x" and was read as 2)"},
+           {"four", leading, R"(holds "four", which is no number, and was read as 0)"},
+           {"", leading, "is empty and was read as 0"},
+           {"1e39", leading, R"(holds "1e39", which is too large)"},
+           {"1e39 SD", leading, R"(holds "1e39 SD", which is no number)"},
+           {"2.5", whole, ""},
+           {"2,5", whole, R"(holds "2,5", which is no number)"},
+           {"", whole, "is empty"},
+           {"7", column, ""},
+           {"7.0", column, ""},
+           {"2.4", column, R"(holds "2.4" and was read as 2)"},
+           {"2x", column, R"(holds "2x", which is no number)"},
+           {"70000", column, R"(holds "70000", which is too large)"}}) {
+    Form form(kDialog);
+    form.Set("limit", text);
+    Notices notices;
+    const Form::Listening listening(form, notices);
+    try {
+      read(form);
+    } catch (const Fault& fault) {
+      EXPECT_TRUE(fault.noted) << text;
+    }
+    ASSERT_EQ(notices.size(), outcome.empty() ? 0U : 1U) << text;
+    if (outcome.empty()) continue;
+    EXPECT_EQ(notices[0].kind, "field");
+    EXPECT_EQ(notices[0].text, "the field \"Limit:\" " + outcome);
+    const Form copy = form;
+    EXPECT_NO_THROW(static_cast<void>(copy.HoldsNumber(kLimit)));
+    EXPECT_EQ(notices.size(), 1U) << text;
+  }
+}
+
+TEST(Form, NamesAFieldByWhatTellsItFromOthers) {
+  static constexpr Choice kWays[] = {{"a", "Way A:"}, {"b", "Way B:"}};
+  static constexpr When kB{"way", "b"};
+  static constexpr Field kNamed[] = {
+      {.key = "way", .kind = FieldKind::kChoice, .initial = "a", .choices = kWays},
+      {.key = "x", .caption = " x: ", .renamed = kB, .other_caption = "x1:"},
+      {.key = "first", .group = "Columns:", .heading = "First sample:", .caption = "No.:"},
+      {.key = "second", .group = "Columns:", .heading = "Second sample:", .caption = "No.:"},
+      {.key = "beside-a", .beside = {"way", "a"}},
+      {.key = "limit-b", .caption = "Limit:", .beside = kB},
+      {.key = "limit", .group = "Others:", .caption = "Limit:"},
+      {.key = "twin1", .group = "Twins:", .caption = "Twin:"},
+      {.key = "twin2", .group = "Twins:", .caption = "Twin:"}};
+  static constexpr Dialog kNaming{.window = "w", .title = "t", .fields = kNamed};
+  static_assert(WellFormed(kNaming));
+  Form form(kNaming);
+  form.Set("way", "b");
+  const std::string expected[] = {
+      "x1:",           "First sample: No.:", "Second sample: No.:",  "Way A:",
+      "Way B: Limit:", "Others: Limit:",     "Twins: Twin: (twin1)", "Twins: Twin: (twin2)"};
+  for (std::size_t i = 0; i < std::size(expected); ++i) {
+    Notices notices;
+    const Form::Listening listening(form, notices);
+    form.Note(kNamed[i + 1], "");
+    EXPECT_EQ(notices[0].text, "the field \"" + expected[i] + "\" is empty");
+  }
 }
 
 }  // namespace

@@ -107,8 +107,7 @@ TEST_F(Intake, NeedsAllThreeEqualitiesOfDuplicates) {
   worksheet.Clear();
   Fill({{"1", "2"}, {"3", "4"}, {"5", "6"}, {"7", "8"}});
   const PairColumns read = ReadPairDuplicate(pair);
-  EXPECT_EQ(read.N, 2);
-  EXPECT_THAT(read.values[2], ElementsAre("5", "6"));
+  EXPECT_THAT(read.columns[2].values, ElementsAre("5", "6"));
 }
 
 TEST_F(Intake, TakesABlankIdFieldAsNoneInTheSingleFormOnly) {
@@ -118,6 +117,63 @@ TEST_F(Intake, TakesABlankIdFieldAsNoneInTheSingleFormOnly) {
   EXPECT_THROW(ReadPairDuplicate(pair), Fault);
   pair_form.Set("id", "0");
   EXPECT_THAT(ReadPairDuplicate(pair).ids, ElementsAre(""));
+}
+
+TEST_F(Intake, NotesWhatTheColumnsHide) {
+  Fill({{"5", "7", "", "9", "n.d.", "", "11"}, {}, {"", "1"}, {"1"}});
+  worksheet.SetText(5, 0, "17");
+  worksheet.SetText(4, 0, "18");
+  Notices notices;
+  for (int number : {2, 2, 3, 4, 5, 501}) WalkColumn(notices, worksheet, number);
+  EXPECT_EQ(
+      notices,
+      Notices({{"gap",
+                "column 2 ends at row 3, its first empty cell; 2 numbers and 1 word below "
+                "were not read",
+                2, 3},
+               {"empty", "column 3 is empty", 3},
+               {"gap", "column 4 ends at row 1, its first empty cell; 1 number below was not read",
+                4, 1},
+               {"title",
+                "row 0 of column 5 holds \"17\": it is the column's title and was not read as "
+                "a number",
+                5, 0},
+               {"empty", "the worksheet ends at column 500: column 501 reads as empty", 501}}));
+}
+
+TEST_F(Intake, NotesTheWordThatStopsAColumn) {
+  const quorval::Column words{.number = 2, .values = {"1", "<0.5", " ", "2", "1e39", "1e999"}};
+  const quorval::Column large{.number = 3, .values = {"1", "1e39"}};
+  Notices notices;
+  EXPECT_THROW(words.Numbers(notices), Fault);
+  EXPECT_EQ(large.Numbers(notices).size(), 2U);
+  EXPECT_THROW(large.Numbers32(notices), Fault);
+  EXPECT_EQ(
+      notices,
+      Notices({{"word",
+                "row 2 of column 2 holds \"<0.5\", which is no number; 1 more word stands "
+                "below",
+                2, 2},
+               {"word", "row 2 of column 3 holds \"1e39\", which is too large a number", 3, 2}}));
+}
+
+// IDs belong to rows: a gap among them ends nothing, and an empty column 1, which is the default,
+// means none.
+TEST_F(Intake, NotesIdsThatAreMissingOrToSpare) {
+  Fill({{"1", "2", "3"}, {"1", "2", "3"}});
+  ReadPairSingle(pair);
+  EXPECT_THAT(pair.notices, testing::IsEmpty());
+  for (int row : {1, 3, 5, 6}) worksheet.SetText(1, row, "id");
+  ReadPairSingle(pair);
+  EXPECT_EQ(
+      pair.notices,
+      Notices(
+          {{"gap", "column 1 holds no ID in 1 of 3 rows with data, the first of them row 2", 1, 2},
+           {"length", "column 1 holds 2 IDs below row 3, where the data end", 1, 4}}));
+  pair.notices.clear();
+  pair_form.Set("id", "9");
+  ReadPairSingle(pair);
+  EXPECT_EQ(pair.notices, Notices({{"empty", "column 9 is empty", 9}}));
 }
 
 TEST_F(Intake, ReadsAColumnBeyondTheGridAsEmpty) {

@@ -20,60 +20,12 @@
 #include "desktop/plot_view.h"
 #include "desktop/results_view.h"
 #include "desktop_fixture.h"
+#include "support/example_runs.h"
 
 namespace quorval {
 namespace {
 
-using Settings = std::vector<std::pair<const char*, const char*>>;
-
-// On its example, with the columns where the fields stand empty or point elsewhere.
-struct Case {
-  const char* analysis;
-  const char* example;
-  Settings settings{};
-};
-
-void PrintTo(const Case& one, std::ostream* out) { *out << one.analysis << ", " << one.example; }
-
-const Case kCases[] = {
-    {"ols", "XY Regression Single", {{"show-residuals", "on"}, {"show-bands", "on"}}},
-    {"ols", "XY Regression Duplicate", {{"mode", "duplicate"}}},
-    {"wls", "XY Regression Single"},
-    {"deming", "XY Regression Single", {{"xc1", "10"}}},
-    {"deming", "XY Regression Duplicate", {{"mode", "duplicate"}, {"show-residuals", "on"}}},
-    {"weighted-deming", "XY Regression Duplicate", {{"mode", "duplicate"}}},
-    {"passing-bablok", "XY Regression Single", {{"show-residuals", "on"}}},
-    {"polynomial", "Polynomial regression", {{"degree", "3"}}},
-    {"difference", "XY Regression Single", {{"show-data", "on"}}},
-    {"difference", "XY Regression Duplicate", {{"mode", "duplicate"}, {"scale", "percent"}}},
-    {"reference", "Reference Interval Example"},
-    {"reference", "Reference Interval Example", {{"procedure", "power"}}},
-    {"diagnostic", "Evaluation of a single diagnostic test", {{"cut-off-by", "max-sum"}}},
-    {"diagnostic",
-     "Evaluation of a single diagnostic test",
-     {{"evaluation", "roc"}, {"area-se", "on"}}},
-    {"compare-tests", "Comparison of two diagnostic tests", {{"difference-se", "on"}}},
-    {"one-sample",
-     "Reference Interval Example",
-     {{"percentiles", "on"}, {"percentile1", "25"}, {"percentile1-se", "on"}}},
-    {"two-samples", "XY Regression Single"},
-    {"two-samples", "XY Regression Single", {{"test", "wilcoxon"}}},
-    {"several-samples",
-     "Precision profile example",
-     {{"start-column", "2"}, {"last-column", "4"}, {"outlier-limit", "1.65"}}},
-    {"control-chart", "Control Chart Example"},
-    {"detection-limit", "Detection Limit Example", {{"loq", "off"}, {"dl-column", "2"}}},
-    {"precision", "Precision profile example", {{"column", "2"}}},
-    {"precision-profile",
-     "Precision profile example",
-     {{"start-column", "2"}, {"last-column", "4"}}},
-    {"trueness-profile",
-     "Precision profile example",
-     {{"start-column", "2"}, {"last-column", "4"}}},
-    {"linearity", "Evaluation of linearity example", {{"start-column", "2"}, {"last-column", "5"}}},
-};
-
-class AllAnalysesTest : public test::Desktop, public testing::WithParamInterface<Case> {
+class AllAnalysesTest : public test::Desktop, public testing::WithParamInterface<test::ExampleRun> {
  protected:
   static void Set(const DialogView& dialog, const QString& key, const QString& text) {
     if (auto* const line = dialog.findChild<QLineEdit*>(key)) {
@@ -86,7 +38,7 @@ class AllAnalysesTest : public test::Desktop, public testing::WithParamInterface
     }
   }
 
-  static QJsonObject BatchRun(const Case& wanted) {
+  static QJsonObject BatchRun(const test::ExampleRun& wanted) {
     QStringList words{"run", wanted.analysis, "--demo", wanted.example, "--json", "-"};
     for (const auto& [key, value] : wanted.settings)
       words << "--set" << QString("%1=%2").arg(key, value);
@@ -164,7 +116,7 @@ TEST_P(AllAnalysesTest, ShowsWhatTheProgramWithoutWindowsWrites) {
     EXPECT_EQ(view != nullptr, plot["shown"].toBool()) << plot["window"].toString().toStdString();
     if (view == nullptr) continue;
     const Plot& drawn =
-        *std::ranges::find(workbench.plots(), FromQt(plot["window"].toString()), &Plot::window);
+        *workbench.open().back().results->FindPlot(FromQt(plot["window"].toString()));
     ExpectChart(*view->findChild<QCustomPlot*>(), drawn, plot["series"].toArray());
   }
   std::vector<std::string> boxes;
@@ -174,14 +126,14 @@ TEST_P(AllAnalysesTest, ShowsWhatTheProgramWithoutWindowsWrites) {
   desk.CloseAll();
 }
 
-INSTANTIATE_TEST_SUITE_P(, AllAnalysesTest, testing::ValuesIn(kCases));
+INSTANTIATE_TEST_SUITE_P(, AllAnalysesTest, testing::ValuesIn(test::kExampleRuns));
 
 // --- Names and keys
 
 // Every analysis of the registry stands in the table above.
 TEST(AllAnalysesTable, LeavesNoneOut) {
   std::set<std::string_view> tried, known;
-  for (const Case& one : kCases) tried.insert(one.analysis);
+  for (const test::ExampleRun& one : test::kExampleRuns) tried.insert(one.analysis);
   for (const MenuEntry& entry : Analyses()) known.insert(entry.analysis->id);
   EXPECT_EQ(tried, known);
 }

@@ -1,5 +1,6 @@
 // The road of an analysis on the desktop: menu, dialog, results, plots, paper and back.
 #include <gmock/gmock.h>
+#include <qcustomplot.h>
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -126,6 +127,7 @@ TEST_F(AnalysisTest, GoesBackToTheOptionsAsTheyWere) {
 
 TEST_F(AnalysisTest, ASecondRunFromTheMenuHasNewWindows) {
   Run();
+  Choose(window, "XY Regression Duplicate");
   Choose(window, "&Ord. Least Squares Regression Analysis");
   EXPECT_TRUE(dialog->isVisible());
   EXPECT_TRUE(results->isVisible());
@@ -133,6 +135,57 @@ TEST_F(AnalysisTest, ASecondRunFromTheMenuHasNewWindows) {
   PressOk();
   ASSERT_NE(results, nullptr);
   EXPECT_THAT(FromQt(results->windowTitle()), testing::HasSubstr("Duplicate"));
+}
+
+TEST_F(AnalysisTest, CancelAndARefusalLeaveTheEarlierWindows) {
+  Run();
+  GoTo(results->sheet(), 2, 4);
+  Type(results->sheet(), "Jensen", Qt::Key_Return);
+  Choose(window, "&Ord. Least Squares Regression Analysis");
+  SetField("xc1", "10");
+  QTest::keyClick(dialog, Qt::Key_Escape);
+  Settle();
+  EXPECT_FALSE(dialog->isVisible());
+  Choose(window, "&Ord. Least Squares Regression Analysis");
+  EXPECT_EQ(In<QLineEdit>(*dialog, "xc1").text(), "");
+  SetField("second-column", "9");
+  ResultsView* const earlier = results;
+  PressOk();
+  EXPECT_EQ(platform.boxes.size(), 2U);
+  EXPECT_TRUE(dialog->isVisible());
+  EXPECT_EQ(results, earlier);
+  EXPECT_EQ(CellText(results->sheet(), 2, 4), "Jensen");
+  EXPECT_EQ(Shown<PlotView>("frmXY1s")->chart().plottableCount(), 6);
+}
+
+TEST_F(AnalysisTest, TwoAnalysesHaveWindowsOfTheirOwn) {
+  Run();
+  Choose(window, "D&eming Regression Analysis");
+  In<QPushButton>(*Shown("MCstatF3so"), "ok").click();
+  Settle();
+  auto* const deming = Shown<ResultsView>("MCstatF3s");
+  ASSERT_NE(deming, nullptr);
+  std::vector<QRect> places;
+  for (QWidget* widget : QApplication::topLevelWidgets())
+    if (qobject_cast<PlotView*>(widget) != nullptr) places.push_back(widget->geometry());
+  EXPECT_EQ(places.size(), 4U);
+  for (std::size_t i = 0; i < places.size(); ++i)
+    EXPECT_EQ(std::ranges::count(places, places[i]), 1) << i;
+
+  const QString caption = "Standardized residuals plot";
+  PlotView* residuals = nullptr;
+  for (auto* plot : deming->findChildren<PlotView*>("frmRes1s")) residuals = plot;
+  ASSERT_NE(residuals, nullptr);
+  residuals->AddToSheet();
+  residuals->close();
+  results->close();
+  Settle();
+  const int rows = workbench.open().front().results->sheet.grid().DataRowCnt();
+  EXPECT_EQ(workbench.open().front().results->sheet.grid().Text(1, rows), "Finish");
+  EXPECT_FALSE(residuals->isVisible());
+  Choose(*deming, caption);
+  EXPECT_TRUE(residuals->isVisible());
+  EXPECT_EQ(residuals->windowTitle(), caption);
 }
 
 TEST_F(AnalysisTest, ClosingTheResultsEndsTheAnalysis) {

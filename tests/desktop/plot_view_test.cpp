@@ -12,6 +12,7 @@
 #include <QTest>
 
 #include "analyses/registry.h"
+#include "painting/chart.h"
 #include "painting/picture.h"
 #include "support/scripted_platform.h"
 
@@ -23,12 +24,10 @@ class PlotViewTest : public testing::Test {
  protected:
   PlotViewTest() : workbench_(platform_, directory_.path().toStdString()) {
     workbench_.ImportExample(*FindExample("XY Regression Single"));
-    workbench_.PressOk(workbench_.Open(*FindAnalysis("ols")));
+    workbench_.PressOk(open_);
   }
 
-  Plot& PlotOf(std::string_view window) {
-    return *std::ranges::find(workbench_.plots(), window, &Plot::window);
-  }
+  Plot& PlotOf(std::string_view window) { return *open_.results->FindPlot(window); }
   void Show(PlotView& view) {
     view.resize(620, 500);
     view.show();
@@ -37,15 +36,16 @@ class PlotViewTest : public testing::Test {
   QTemporaryDir directory_;
   test::ScriptedPlatform platform_;
   Workbench workbench_;
+  OpenAnalysis& open_ = workbench_.Open(*FindAnalysis("ols"));
 };
 
 TEST_F(PlotViewTest, ShowsThePlotUnderItsCaption) {
-  PlotView view(workbench_, "frmXY1s");
+  PlotView view(workbench_, open_, "frmXY1s");
   Show(view);
   EXPECT_EQ(view.windowTitle(), QString("X-Y plot Ord. least-squares reg. analysis"));
   EXPECT_EQ(view.chart().plottableCount(), 6);
   EXPECT_TRUE(view.findChild<QPushButton*>("Redraw lines")->isVisible());
-  PlotView residuals(workbench_, "frmRes1s");
+  PlotView residuals(workbench_, open_, "frmRes1s");
   Show(residuals);
   EXPECT_EQ(residuals.chart().plottableCount(), 1);
   EXPECT_FALSE(residuals.findChild<QPushButton*>("Redraw lines")->isVisible());
@@ -53,7 +53,7 @@ TEST_F(PlotViewTest, ShowsThePlotUnderItsCaption) {
 
 // 700 twips are 46 2/3 pixels, 1360 are 90 2/3.
 TEST_F(PlotViewTest, ChartLeavesTheWindowItsMargins) {
-  PlotView view(workbench_, "frmXY1s");
+  PlotView view(workbench_, open_, "frmXY1s");
   Show(view);
   EXPECT_EQ(view.chart().size(), QSize(620 - 47, 500 - 91));
   view.resize(46, 400);
@@ -66,7 +66,7 @@ TEST_F(PlotViewTest, ChartLeavesTheWindowItsMargins) {
 }
 
 TEST_F(PlotViewTest, CopiesOnePictureHoweverOften) {
-  PlotView view(workbench_, "frmXY1s");
+  PlotView view(workbench_, open_, "frmXY1s");
   Show(view);
   for (int press = 0; press < 2; ++press) {
     QTest::mouseClick(view.findChild<QPushButton*>("Copy"), Qt::LeftButton);
@@ -75,7 +75,7 @@ TEST_F(PlotViewTest, CopiesOnePictureHoweverOften) {
 }
 
 TEST_F(PlotViewTest, SavesWhatIsShown) {
-  PlotView view(workbench_, "frmXY1s");
+  PlotView view(workbench_, open_, "frmXY1s");
   Show(view);
   for (const char* name : {" a.png", "a.svg", "a.pdf"}) {
     EXPECT_TRUE(view.SavePicture(directory_.filePath(name).toStdString()));
@@ -86,7 +86,7 @@ TEST_F(PlotViewTest, SavesWhatIsShown) {
 }
 
 TEST_F(PlotViewTest, RedrawsTheTwoLinesBetweenTheEndsOfTheAxis) {
-  PlotView view(workbench_, "frmXY1s");
+  PlotView view(workbench_, open_, "frmXY1s");
   Show(view);
   const RedrawnLines lines = *PlotOf("frmXY1s").lines;
   EXPECT_NEAR(view.locale().toDouble(view.findChild<QLineEdit*>("Slope")->text()), Raw(lines.b),
@@ -106,7 +106,7 @@ TEST_F(PlotViewTest, RedrawsTheTwoLinesBetweenTheEndsOfTheAxis) {
 }
 
 TEST_F(PlotViewTest, ZoomsByWheelAndFrameMovesWithShiftAndGoesBack) {
-  PlotView view(workbench_, "frmXY1s");
+  PlotView view(workbench_, open_, "frmXY1s");
   Show(view);
   QCustomPlot& chart = view.chart();
   chart.replot();
@@ -144,12 +144,12 @@ TEST_F(PlotViewTest, OnlyTheResidualPlotIsAddedToTheSheet) {
       if (action->text() == "Add to results sheet") return action;
     return static_cast<QAction*>(nullptr);
   };
-  PlotView xy(workbench_, "frmXY1s");
+  PlotView xy(workbench_, open_, "frmXY1s");
   EXPECT_EQ(entry(xy), nullptr);
-  PlotView residuals(workbench_, "frmRes1s");
+  PlotView residuals(workbench_, open_, "frmRes1s");
   ASSERT_NE(entry(residuals), nullptr);
   const QSignalSpy added(&residuals, &PlotView::AddedToSheet);
-  const Grid& sheet = workbench_.open().front().results->sheet.grid();
+  const Grid& sheet = open_.results->sheet.grid();
   const int rows = sheet.DataRowCnt();
   entry(residuals)->trigger();
   EXPECT_EQ(added.count(), 1);
@@ -158,16 +158,39 @@ TEST_F(PlotViewTest, OnlyTheResidualPlotIsAddedToTheSheet) {
 }
 
 TEST_F(PlotViewTest, FollowsARunThatFillsItAnew) {
-  PlotView view(workbench_, "frmXY1s");
+  PlotView view(workbench_, open_, "frmXY1s");
   Plot filled{.window = "frmXY1s", .caption = "another"};
   filled.AddPoints({{1, 1}});
   PlotOf("frmXY1s") = filled;
   view.Refresh();
   EXPECT_EQ(view.chart().plottableCount(), 1);
   EXPECT_EQ(view.windowTitle(), QString("another"));
-  workbench_.plots().clear();
+  open_.results->plots.clear();
   view.Refresh();  // its window closes next
   view.RedrawLines();
+  view.ResetView();
+  view.chart().xAxis->setRange(0, 1);
+}
+
+// What the user sees is what paper and the sheet get: the same points at the same places.
+TEST_F(PlotViewTest, GivesTheChartAsTheUserSeesIt) {
+  PlotView view(workbench_, open_, "frmXY1s");
+  Show(view);
+  view.chart().xAxis->setRange(-10, 50);
+  view.chart().yAxis->setRange(5, 6);
+  QTest::mouseClick(view.findChild<QPushButton*>("Redraw lines"), Qt::LeftButton);
+  const auto printed = [&] {
+    QCustomPlot paper;
+    DrawPlot(PlotOf("frmXY1s"), paper);
+    return std::pair(paper.xAxis->range(), paper.yAxis->range());
+  };
+  EXPECT_EQ(printed(), std::pair(QCPRange(-10, 50), QCPRange(5, 6)));
+  EXPECT_EQ(PlotOf("frmXY1s").series[2].points[1].x, 50);
+  PlotView again(workbench_, open_, "frmXY1s");
+  EXPECT_EQ(again.chart().xAxis->range(), QCPRange(-10, 50));
+  view.ResetView();
+  EXPECT_EQ(printed().first, view.chart().xAxis->range());
+  EXPECT_GT(view.chart().yAxis->range().size(), 10);
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
@@ -77,6 +79,29 @@ TEST_F(QtPlatformTest, AsksACriticalQuestion) {
   EXPECT_EQ(platform.Show(question), Answer::kYes);
   AtNextBox([](QMessageBox& box) { box.reject(); });
   EXPECT_EQ(platform.Show(question), Answer::kNo);
+}
+
+TEST_F(QtPlatformTest, AsksForAFileWithABoxToTick) {
+  bool chosen = false;
+  const FileQuestion question{.title = "Open",
+                              .filters = {"Excel file (*.xls)|*.xls"},
+                              .folder = folder,
+                              .proposed_name = "a.csv",
+                              .option = "&Safe",
+                              .option_chosen = &chosen};
+  for (const bool accepted : {false, true}) {
+    QTimer::singleShot(0, [&] {
+      auto& dialog = *qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      auto& box = *dialog.findChild<QCheckBox*>();
+      EXPECT_EQ(box.text(), "&Safe");
+      EXPECT_TRUE(box.isVisible());
+      EXPECT_FALSE(box.isChecked());
+      box.click();
+      accepted ? dialog.accept() : dialog.reject();
+    });
+    EXPECT_EQ(platform.AskSave(question).has_value(), accepted);
+    EXPECT_EQ(chosen, accepted);
+  }
 }
 
 TEST_F(QtPlatformTest, TakesTheWaitPointerBackOnce) {

@@ -190,6 +190,11 @@ TEST(ProjectFile, TrustsNothingInAFile) {
       {"UPDATE cell SET \"column\" = 0", "no sense"},
       {"UPDATE cell SET \"column\" = 4294967297", "no sense"},
       {"UPDATE cell SET value = 9e999 WHERE value NOT NULL", "not finite"},
+      {"UPDATE cell SET value = '1,5' WHERE value NOT NULL", "another kind"},
+      {"UPDATE cell SET \"row\" = 'one'", "another kind"},
+      {"UPDATE cell SET text = x'31' WHERE text NOT NULL", "another kind"},
+      {"UPDATE cell SET picture = 'a' WHERE picture NOT NULL", "another kind"},
+      {"UPDATE look SET bold = 1.5", "another kind"},
       {"UPDATE look SET type = 12", "type of cell"},
       {"UPDATE look SET decimals = 31", "no sense"},
       {"UPDATE look SET span_rows = 0", "no sense"},
@@ -207,6 +212,66 @@ TEST(ProjectFile, TrustsNothingInAFile) {
     sqlite3_close(database);
     EXPECT_THAT(WhyNot(folder / "a.qvl"), HasSubstr(hostile.why)) << hostile.sql;
   }
+}
+
+// --- Files that another program holds open
+
+struct Held {
+  std::string_view what;
+  const char* sql;  // of the other program, which then stays
+  const char* found;
+};
+
+TEST(ProjectFile, IsReadWithAllThatIsCommittedOrNotAtAll) {
+  const Held kCases[] = {
+      {"not committed", "BEGIN; UPDATE cell SET text = 'new' WHERE text = '001'", "001"},
+      {"about to commit", "BEGIN EXCLUSIVE; UPDATE cell SET text = 'new' WHERE text = '001'",
+       "another program is writing"},
+      {"committed", "UPDATE cell SET text = 'new' WHERE text = '001'", "new"},
+      {"committed to a log",
+       "PRAGMA journal_mode=WAL; UPDATE cell SET text = 'new' WHERE text = '001'", "holds changes"},
+      {"a log without changes",
+       "PRAGMA journal_mode=WAL; UPDATE cell SET text = 'new' WHERE text = "
+       "'001'; PRAGMA wal_checkpoint(TRUNCATE)",
+       "new"},
+  };
+  for (const Held& held : kCases) {
+    const TemporaryFolder folder;
+    WriteProjectFile(folder / "a.qvl", Everything(), {"name", "note"});
+    sqlite3* database = nullptr;
+    sqlite3_open((folder / "a.qvl").c_str(), &database);
+    ASSERT_EQ(sqlite3_exec(database, held.sql, nullptr, nullptr, nullptr), SQLITE_OK);
+    const auto found = [&]() -> std::string {
+      try {
+        return ReadProjectFile(folder / "a.qvl").grid.Text(2, 2);
+      } catch (const FileError& error) {
+        return error.what();
+      }
+    };
+    EXPECT_THAT(found(), HasSubstr(held.found)) << held.what;
+    sqlite3_exec(database, "COMMIT", nullptr, nullptr, nullptr);
+    sqlite3_close(database);
+    EXPECT_EQ(found(), "new") << held.what << ", and closed";
+    EXPECT_EQ(folder.Count(), 1u) << held.what;
+  }
+}
+
+// A program that was killed while it wrote leaves pages of both states, and a journal to undo it.
+TEST(ProjectFile, IsRefusedHalfWritten) {
+  const TemporaryFolder folder;
+  WriteProjectFile(folder / "a.qvl", Everything(), {"name", "note"});
+  sqlite3* database = nullptr;
+  sqlite3_open((folder / "a.qvl").c_str(), &database);
+  ASSERT_EQ(sqlite3_exec(database,
+                         "PRAGMA cache_size=1; BEGIN; UPDATE cell SET text = 'new';"
+                         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n LIMIT 99)"
+                         "INSERT INTO picture SELECT 9 + i, zeroblob(9999) FROM n",
+                         nullptr, nullptr, nullptr),
+            SQLITE_OK);
+  for (const char* end : {"", "-journal"})
+    WriteBytes((folder / "killed.qvl").string() + end, BytesOf((folder / "a.qvl").string() + end));
+  sqlite3_close(database);
+  EXPECT_THAT(WhyNot(folder / "killed.qvl"), HasSubstr("broke off"));
 }
 
 // Several cells of one place: a foreign program may write them, and the last one stands.

@@ -234,6 +234,23 @@ TEST(Workbooks, SurviveTruncationAndAnyBytes) {
   }
 }
 
+// A workbook whose first sheet is this.
+void WriteXlsxOf(const std::filesystem::path& path, std::string_view sheet) {
+  ZipWriter zip(path);
+  zip.Add("xl/workbook.xml", "<workbook><sheets><sheet name='S' r:id='r1'/></sheets></workbook>");
+  zip.Add("xl/_rels/workbook.xml.rels",
+          "<Relationships><Relationship Id='r1' Target='worksheets/sheet1.xml'/></Relationships>");
+  zip.Add("xl/worksheets/sheet1.xml", sheet);
+  zip.Close();
+}
+
+void WriteOdsOf(const std::filesystem::path& path, std::string_view table) {
+  ZipWriter zip(path);
+  zip.Add("mimetype", "application/vnd.oasis.opendocument.spreadsheet");
+  zip.Add("content.xml", "<o:document><t:table>" + std::string(table) + "</t:table></o:document>");
+  zip.Close();
+}
+
 TEST(Workbooks, AreRefusedWhereTheyMakeNoSense) {
   struct Case {
     const char* sheet;
@@ -254,19 +271,85 @@ TEST(Workbooks, AreRefusedWhereTheyMakeNoSense) {
       {"<worksheet><sheetData", "damaged"},
       {"<worksheet>&#x200000;</worksheet>", "damaged"},
       {"<worksheet>&#9999999999;</worksheet>", "damaged"},
+      {"<w><row r='2147483647'/><row><c><v>7</v></c></row></w>", "damaged"},
+      {"<w><row r='x'><c><v>7</v></c></row></w>", "damaged"},
+      {"<w><row><c s='x'><v>7</v></c></row></w>", "damaged"},
+      {"<w><row><c><v>7</v><v>8</v></c></row></w>", "damaged"},
+      {"<w><row><c><v>7</v><is><t>8</t></is></c></row></w>", "damaged"},
+      {"<w><row><c><v>7<x/>8</v></c></row></w>", "damaged"},
+      {"<w><row><c><c><v>7</v></c></c></row></w>", "damaged"},
       {"no xml", "damaged"},
       {"", "damaged"},
   };
   for (const Case& one : cases) {
     const TemporaryFolder folder;
-    ZipWriter zip(folder / "a.xlsx");
-    zip.Add("xl/workbook.xml", "<workbook><sheets><sheet name='S' r:id='r1'/></sheets></workbook>");
-    zip.Add("xl/_rels/workbook.xml.rels",
-            "<Relationships><Relationship Id='r1' Target='worksheets/sheet1.xml'/>"
-            "</Relationships>");
-    zip.Add("xl/worksheets/sheet1.xml", one.sheet);
-    zip.Close();
+    WriteXlsxOf(folder / "a.xlsx", one.sheet);
     EXPECT_THAT(WhyNot(folder / "a.xlsx"), testing::HasSubstr(one.why)) << one.sheet;
+  }
+}
+
+struct Value {
+  std::string xml, shown;
+};
+
+// What is no number is never read as another one.
+TEST(Workbooks, TakeTheirCellsAsNumbersOrAsTexts) {
+  const Value of_xlsx[] = {
+      {"<c><v> 1.5\n</v></c>", "1.5"},
+      {"<c><v>+2</v></c>", "2"},
+      {"<c><v>1,5</v></c>", "1,5"},
+      {"<c><v>12 mg</v></c>", "12 mg"},
+      {"<c><v>+-5</v></c>", "+-5"},
+      {"<c><v>1e999</v></c>", "1e999"},
+      {"<c t='b'><v>2</v></c>", "2"},
+      {"<c t='inlineStr'><is><r><t>a</t></r><r><t>b</t></r><rPh><t>c</t></rPh></is></c>", "ab"},
+  };
+  const std::string cell = "<t:table-cell o:value-type='";
+  const Value of_ods[] = {
+      {cell + "float' o:value='1.5'><x:p>2</x:p></t:table-cell>", "1.5"},
+      {cell + "float' o:value='1,5'><x:p>1.5</x:p></t:table-cell>", "1.5"},
+      {cell + "float' o:value='1,5'/>", "1,5"},
+      {cell + "percentage' o:value='0x10'/>", "0x10"},
+      {cell + "boolean' o:boolean-value='2'/>", "2"},
+      {cell + "time' o:time-value='PT1H2M3S'/>", "01:02:03"},
+      {cell + "time' o:time-value='PT1H2M3.5S'/>", "PT1H2M3.5S"},
+      {cell + "time' o:time-value='PT99999999999H2M3S'/>", "PT99999999999H2M3S"},
+      {cell + "string' o:string-value='a'/>", "a"},
+      {"<t:table-cell><x:p>a<x:s x:c='2'/>b</x:p><t:table><t:table-row><t:table-cell><x:p>no</x:p>"
+       "</t:table-cell></t:table-row></t:table></t:table-cell>",
+       "a  b"},
+  };
+  const TemporaryFolder folder;
+  for (const Value& value : of_xlsx) {
+    WriteXlsxOf(folder / "a.xlsx", "<w><row>" + value.xml + "<c><v>7</v></c></row></w>");
+    const Worksheet sheet = ReadFirstSheet(folder / "a.xlsx");
+    EXPECT_EQ(sheet.Text(1, 0), value.shown) << value.xml;
+    EXPECT_EQ(sheet.Text(2, 0), "7") << value.xml;
+  }
+  for (const Value& value : of_ods) {
+    WriteOdsOf(folder / "a.ods", "<t:table-row>" + value.xml + "</t:table-row><t:table-row>" +
+                                     cell + "float' o:value='7'/></t:table-row>");
+    const Worksheet sheet = ReadFirstSheet(folder / "a.ods");
+    EXPECT_EQ(sheet.Text(1, 0), value.shown) << value.xml;
+    EXPECT_EQ(sheet.Text(1, 1), "7") << value.xml;
+  }
+}
+
+// A byte of a part changed on the disk: zlib would unpack some such parts to other numbers.
+TEST(Workbooks, AreRefusedWhereACheckSumFails) {
+  const TemporaryFolder folder;
+  Worksheet worksheet;
+  for (int row = 1; row < 2000; ++row) worksheet.SetValue(1, row, row / 7.0);
+  ASSERT_EQ(WriteGrid(folder / "a.xlsx", worksheet.grid()), std::nullopt);
+  const std::string whole = BytesOf(folder / "a.xlsx");
+  const std::size_t begin = whole.find("sheet1.xml") + 100;
+  const std::size_t end = whole.find("xl/sharedStrings.xml") - 100;
+  ASSERT_LT(begin, end);
+  for (std::size_t at = begin; at < end; at += 501) {
+    std::string damaged = whole;
+    damaged[at] = static_cast<char>(damaged[at] ^ 1);
+    WriteBytes(folder / "a.xlsx", damaged);
+    EXPECT_THAT(WhyNot(folder / "a.xlsx"), testing::HasSubstr("check sum")) << at;
   }
 }
 

@@ -143,6 +143,15 @@ def wls(name, x, y, P=2.0, T=0.0, xc1=None, xc2=None):
     note("outliers", [i + 1 for i in range(n) if abs(mean(q) - q[i]) / sd(q) > 2])
 
 
+def duplicates_with_outliers():
+    """Each point of six_outliers() twice, the second time a little apart."""
+    x, y = six_outliers()
+    x2 = [v + (0.1 if i % 2 == 0 else 0.2) for i, v in enumerate(x)]
+    y2 = [v + (0.25 if i % 3 == 0 else -0.125) * (5 if i % 7 == 2 else 1)
+          for i, v in enumerate(y)]
+    return [float(f"{v:.12g}") for v in x], [float(f"{v:.12g}") for v in x2], y, y2
+
+
 def solve(Sxx, Syy, Sxy, lam):
     D = (Sxx - lam * Syy) ** 2 + 4 * lam * Sxy ** 2
     return (lam * Syy - Sxx + math.sqrt(D)) / (2 * lam * Sxy)
@@ -170,17 +179,20 @@ class Single:
 class Duplicate:
     narrow = staticmethod(float)
 
-    def __init__(self, x1, x2, y1, y2):
+    def __init__(self, x1, x2, y1, y2, lam=None):
         self.cols = (x1, x2, y1, y2)
+        self.lam = lam  # estimated unless it is given
         self.x = [(a + b) / 2 for a, b in zip(x1, x2)]
         self.y = [(a + b) / 2 for a, b in zip(y1, y2)]
         self.places = list(zip(self.x, self.y))
         self.points = [[(a, c), (b, d)] for a, b, c, d in zip(x1, x2, y1, y2)]
 
     def without(self, j):
-        return Duplicate(*(c[:j] + c[j + 1:] for c in self.cols))
+        return Duplicate(*(c[:j] + c[j + 1:] for c in self.cols), self.lam)
 
     def ratio(self, w):
+        if self.lam is not None:
+            return self.lam
         x1, x2, y1, y2 = self.cols
         return (sum(k * (a - b) ** 2 for k, a, b in zip(w, x1, x2)) /
                 sum(k * (a - b) ** 2 for k, a, b in zip(w, y1, y2)))
@@ -232,7 +244,7 @@ def weighted_deming(m, P, T):
     raise ArithmeticError("no convergence")
 
 
-def errors_in_both(name, m, ratio=None, weighting=None, xc1=None, xc2=None):
+def errors_in_both(name, m, ratio=None, weighting=None, xc1=None, xc2=None, with_tables=True):
     n = len(m.x)
     t05 = T05[n - 2]
     fit = (lambda data: weighted_deming(data, *weighting)) if weighting else deming
@@ -271,11 +283,22 @@ def errors_in_both(name, m, ratio=None, weighting=None, xc1=None, xc2=None):
         r.append(m.narrow(-dist if d < 0 else dist))
         mid.append((lam * yh + xh) / (lam + 1))
     z = [m.narrow(v / sd(r)) for v in r]
-    tables(s, 44, 57, u, at, se_at, t05, m.x, m.y, e, z)
+    if with_tables:
+        tables(s, 44, 57, u, at, se_at, t05, m.x, m.y, e, z)
     s.show(name)
     note(name)
     note("r, z and m of points 1 and 7:", [(r[i], z[i], mid[i]) for i in (0, 6)])
-    note("outliers beyond 2:", [i + 1 for i in range(n) if abs(mean(r) - r[i]) / sd(r) > 2])
+    outliers = [i for i in range(n) if abs(mean(r) - r[i]) / sd(r) > 2]
+    note("outliers beyond 2:", [i + 1 for i in outliers])
+    return outliers, lam
+
+
+def repeated(name, columns, weighting=None):
+    """Without the points beyond 2 SD; the ratio stays that of all points."""
+    outliers, lam = errors_in_both(name, Duplicate(*columns), None, weighting)
+    retained = ([v for i, v in enumerate(c) if i not in outliers] for c in columns)
+    errors_in_both(name + " repeated", Duplicate(*retained, lam), None, weighting,
+                   with_tables=False)
 
 
 def passing_bablok(name, x, y):
@@ -371,3 +394,5 @@ if __name__ == "__main__":
                    None, (1.5, 7.0))
     passing_bablok("passing-bablok", X1, Y1)
     passing_bablok("passing-bablok duplicate", mx, my)
+    repeated("deming outliers duplicate", duplicates_with_outliers())
+    repeated("weighted-deming outliers duplicate", duplicates_with_outliers(), (1.0, 3.0))

@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <map>
 #include <optional>
+#include <ostream>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -13,6 +14,15 @@
 
 #include "core/analysis.h"
 #include "core/conversion.h"
+
+namespace quorval {
+
+inline void PrintTo(const Notice& notice, std::ostream* out) {
+  *out << notice.kind << " (" << notice.column.value_or(0) << ", " << notice.row.value_or(0)
+       << "): " << notice.text;
+}
+
+}  // namespace quorval
 
 namespace quorval::test {
 
@@ -57,7 +67,7 @@ inline Transcript RunOn(const Worksheet& worksheet, const Analysis& analysis,
   for (const auto& [key, text] : settings) form.Set(key, text);
 
   Transcript transcript;
-  if (const Rule* broken = form.BrokenRule()) {
+  if (const Rule* broken = form.BrokenRule(transcript.notices)) {
     transcript.boxes.emplace_back(broken->words);
     return transcript;
   }

@@ -4,8 +4,8 @@
   mutated_worksheets.py PROGRAM [WORKSHEETS] [SEED]
 
 PROGRAM is quorval-batch; each analysis gets WORKSHEETS of them (300). A run must end by itself within
-the limit, with exit 0 or 1, write JSON in which every number is finite, and tell at least one message
-where it refuses. The same seed makes the same runs. Exit 1 when any run did otherwise.
+the limit, with exit 0 or 1, write JSON in which every number is finite, and where it refuses tell at
+least one message, with a notice where the messages say no more than that there was an error. The same seed makes the same runs. Exit 1 when any run did otherwise.
 """
 
 import collections
@@ -118,6 +118,9 @@ def fault(command):
         return "a number that is not finite", told["status"], seconds
     if told["status"] == "refused" and not told["messages"]:
         return "a refusal without a message", told["status"], seconds
+    texts = [message["text"] for message in told["messages"]]
+    if told["status"] == "refused" and all(text.startswith("Error") for text in texts) and not told["notices"]:
+        return f"neither {texts} nor a notice tells why", told["status"], seconds
     if (told["status"] == "done") != (run.returncode == 0):
         return "status and exit differ", told["status"], seconds
     return None, told["status"], seconds

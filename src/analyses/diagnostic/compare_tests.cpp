@@ -1,7 +1,5 @@
 // Comparison of two diagnostic tests by the areas under their ROC curves.  Where both tests were
 // made on the same individuals, the difference gets a standard error that allows for the pairing.
-#include <algorithm>
-#include <array>
 #include <optional>
 
 #include "analyses/diagnostic/binormal.h"
@@ -60,21 +58,25 @@ struct TwoTests {
   TwoGroups test1, test2;  // in the order of the worksheet, which pairs them
 };
 
-TwoGroups GroupsOf(const Column& first, const Column& second) {
+TwoGroups TakeGroups(Run& run, const Field& first_column, const Field& second_column) {
+  const Column first = ReadColumn(run, first_column);
+  Sample first_sample = first.Numbers32(run.notices);
+  const Column second = ReadColumn(run, second_column);
   return {.FirstCol = first.number,
           .SecondCol = second.number,
           .FirstName = first.header,
           .SecondName = second.header,
-          .FirstSample = ValuesOf(first),
-          .SecondSample = ValuesOf(second)};
+          .FirstSample = std::move(first_sample),
+          .SecondSample = second.Numbers32(run.notices)};
 }
 
 TwoTests TakeTests(Run& run) {
-  const auto read = [&](const Field& field) { return ReadColumn(run, run.form.Column(field)); };
-  const std::array columns{read(Text10), read(Text11), read(Text12), read(Text13)};
-  if (std::ranges::any_of(columns, TooSmall))
-    run.Refuse(" N in group(s) < 10: No diagnostic test comparison ");
-  return {GroupsOf(columns[0], columns[1]), GroupsOf(columns[2], columns[3])};
+  TwoGroups test1 = TakeGroups(run, Text10, Text11);
+  TwoGroups test2 = TakeGroups(run, Text12, Text13);
+  for (const TwoGroups& test : {test1, test2})
+    if (TooSmall(test.FirstSample) || TooSmall(test.SecondSample))
+      run.Refuse(" N in group(s) < 10: No diagnostic test comparison ");
+  return {std::move(test1), std::move(test2)};
 }
 
 // --- The difference
@@ -92,6 +94,10 @@ DifferenceSE EstimateSE(Run& run, const TwoTests& tests, Real D) {
   const TwoGroups& test1 = tests.test1;
   const TwoGroups& test2 = tests.test2;
   if (test1.N1() != test2.N1() || test1.N2() != test2.N2()) {
+    NoteLengths(run.notices, {{test1.FirstCol, test1.FirstSample.size()},
+                              {test2.FirstCol, test2.FirstSample.size()}});
+    NoteLengths(run.notices, {{test1.SecondCol, test1.SecondSample.size()},
+                              {test2.SecondCol, test2.SecondSample.size()}});
     run.messages.Tell(
         "Paired ROC-Curve comparison can not be performed because of unequal sample sizes");
     throw Failure{};

@@ -2,11 +2,7 @@
 
 #include <algorithm>
 
-#include "core/conversion.h"
-
 namespace quorval::diagnostic {
-
-Sample ValuesOf(const Column& column) { return ToReals(ToSingles(ToNumbers(column.values))); }
 
 Range LimitsWithin(const Range& possible, Real estimate, Real margin) {
   return {std::max(estimate - margin, possible.min), std::min(estimate + margin, possible.max)};

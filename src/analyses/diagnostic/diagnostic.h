@@ -31,10 +31,7 @@ struct TwoGroups {
 };
 
 inline constexpr std::size_t kSmallestGroup = 10;
-inline bool TooSmall(const Column& column) { return column.values.size() < kSmallestGroup; }
-
-// The numbers of a column, rounded to 32 bits.  A Fault of a word.
-Sample ValuesOf(const Column& column);
+inline bool TooSmall(const Sample& group) { return group.size() < kSmallestGroup; }
 
 // --- Results
 

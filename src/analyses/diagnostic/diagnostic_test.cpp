@@ -8,23 +8,28 @@
 namespace quorval::diagnostic {
 namespace {
 
-Column TakeColumn(Run& run, const Field& field) {
-  Column column = ReadColumn(run, run.form.Column(field));
-  if (TooSmall(column)) run.Refuse(" N in group(s) < 10: No diagnostic test evaluation ");
-  return column;
+struct Group {
+  int column;
+  std::string name;
+  Sample sample;  // ascending
+};
+
+Group TakeGroup(Run& run, const Field& field) {
+  Column column = ReadColumn(run, field);
+  Sample sample = SortAscending(column.Numbers32(run.notices));
+  if (TooSmall(sample)) run.Refuse(" N in group(s) < 10: No diagnostic test evaluation ");
+  return {column.number, std::move(column.header), std::move(sample)};
 }
 
 TwoGroups TakeGroups(Run& run) {
-  TwoGroups groups;
-  const Column first = TakeColumn(run, Text10);
-  groups.FirstCol = first.number;
-  groups.FirstName = first.header;
-  groups.FirstSample = SortAscending(ValuesOf(first));
-  const Column second = TakeColumn(run, Text11);
-  groups.SecondCol = second.number;
-  groups.SecondName = second.header;
-  groups.SecondSample = SortAscending(ValuesOf(second));
-  return groups;
+  Group first = TakeGroup(run, Text10);
+  Group second = TakeGroup(run, Text11);
+  return {.FirstCol = first.column,
+          .SecondCol = second.column,
+          .FirstName = std::move(first.name),
+          .SecondName = std::move(second.name),
+          .FirstSample = std::move(first.sample),
+          .SecondSample = std::move(second.sample)};
 }
 
 constexpr Procedure frmDiaResults[] = {ResultsWindow(

@@ -14,8 +14,9 @@ namespace {
 
 constexpr std::string_view kPrintHeader = "/cDifference Plot/rPage #/p/n";
 constexpr std::string_view kFault = "Error occurred in Difference Plot analysis";
-constexpr std::array<std::string_view, 2> kBothPlots{kAbsoluteWindow, kRelativeWindow};
-constexpr std::array<std::string_view, 1> kAbsolutePlot{kAbsoluteWindow};
+constexpr PlotWindow kBothPlots[] = {{kAbsoluteWindow, kAbsoluteCaption},
+                                     {kRelativeWindow, kRelativeCaption}};
+constexpr PlotWindow kAbsolutePlot[] = {{kAbsoluteWindow, kAbsoluteCaption}};
 
 constexpr FileMenu MenuWith(std::string_view back) {
   return {.back = back, .print = "&Print ", .save = "&Save As", .export_results = "E&xport"};

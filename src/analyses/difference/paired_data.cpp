@@ -33,14 +33,29 @@ void FormRelativeDifferences(PairedData& data, const Scale& scale) {
     relative.push_back(scale.Relative(data.difference[i], data.mean[i]));
 }
 
+// No box tells of it; the sheet merely ends earlier.
+void NoteNoRelative(Run& run, const PairedData& data, const std::array<Sample, 4>& replicates) {
+  for (std::size_t k = 0; k < replicates.size(); ++k)
+    for (std::size_t i = 0; i < replicates[k].size(); ++i) {
+      if (replicates[k][i] > 0) continue;
+      const int column = data.columns[k], row = static_cast<int>(i) + 1;
+      Note(run.notices, {"left-out",
+                         "row " + std::to_string(row) + " of column " + std::to_string(column) +
+                             " holds " + ShortestText(replicates[k][i]) +
+                             ", which is not above 0: the relative differences were left out",
+                         column, row});
+      return;
+    }
+}
+
 }  // namespace
 
 PairedData ReadSingle(Run& run, const Scale& scale) {
   PairColumns columns = ReadPairSingle(run);
   PairedData data{.ids = std::move(columns.ids),
-                  .columns = columns.numbers,
-                  .x = ToNumbers(columns.values[0]),
-                  .y = ToNumbers(columns.values[1])};
+                  .columns = columns.ColumnNumbers(),
+                  .x = columns.columns[0].Numbers(run.notices),
+                  .y = columns.columns[1].Numbers(run.notices)};
   RefuseFewPairs(run, data.x);
   if (!AllPositive(data.x) || !AllPositive(data.y))
     run.Refuse(" Negative or zero numbers occurred: No analysis ");
@@ -53,17 +68,21 @@ PairedData ReadSingle(Run& run, const Scale& scale) {
 PairedData ReadDuplicate(Run& run, const Scale& scale) {
   PairColumns columns = ReadPairDuplicate(run);
   std::array<Sample, 4> replicates;  // x1, x2, y1, y2
-  std::ranges::transform(columns.values, replicates.begin(),
-                         [](const Texts& texts) { return ToNumbers(texts); });
+  std::ranges::transform(columns.columns, replicates.begin(),
+                         [&](const Column& column) { return column.Numbers(run.notices); });
   const auto& [x1, x2, y1, y2] = replicates;
   PairedData data{.ids = std::move(columns.ids),
-                  .columns = columns.numbers,
+                  .columns = columns.ColumnNumbers(),
                   .x = MeansOf(x1, x2),
                   .y = MeansOf(y1, y2)};
   RefuseFewPairs(run, data.x);
   RefuseNoDispersion(run, data.x, " No dispersion in x: No analysis ");
   FormDifferences(data);
-  if (std::ranges::all_of(replicates, AllPositive)) FormRelativeDifferences(data, scale);
+  if (std::ranges::all_of(replicates, AllPositive)) {
+    FormRelativeDifferences(data, scale);
+  } else {
+    NoteNoRelative(run, data, replicates);
+  }
   return data;
 }
 

@@ -5,9 +5,6 @@
 namespace quorval::difference {
 namespace {
 
-constexpr std::string_view kAbsoluteCaption =
-    "Bland-Altman Plot (y-x differences against mean of x and y)";
-
 Plot& AddDifferencePlot(Run& run, std::string_view window, std::string_view caption,
                         std::string_view y_title) {
   Plot& plot = run.AddPlot(window, caption);

@@ -20,6 +20,8 @@ inline constexpr std::array<PlotPicture, 1> kRelativePicture{
 inline constexpr std::array<PlotJob, 2> kPlotJobs{
     {{.pictures = kAbsolutePicture}, {.pictures = kRelativePicture}}};
 
+inline constexpr std::string_view kAbsoluteCaption =
+    "Bland-Altman Plot (y-x differences against mean of x and y)";
 inline constexpr std::string_view kRelativeCaption =
     "Relative Bland-Altman Plot (relative difference against mean of x and y)";
 inline constexpr std::string_view kPercentCaption =

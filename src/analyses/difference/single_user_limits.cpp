@@ -88,7 +88,8 @@ const Layout& LayoutOf(LimitKind kind, const Scale& scale) {
   return scale.percent ? kCPercent : kCFraction;
 }
 
-void WriteVerdict(ResultsSheet& sheet, int row, Agreement agreement) {
+void WriteVerdict(Run& run, int row, Agreement agreement) {
+  ResultsSheet& sheet = run.sheet;
   switch (agreement) {
     case Agreement::kAgrees:
       sheet.Row(row, "  Obs. distribution agrees with null hypothesis");
@@ -99,6 +100,9 @@ void WriteVerdict(ResultsSheet& sheet, int row, Agreement agreement) {
       sheet.Row(row + 1, "  hypothesis of 95% observations within limits");
       break;
     case Agreement::kNotTested:
+      Note(run.notices, {"not-tested",
+                         "the proportion outside the limits was not tested, which takes 20 to 1000 "
+                         "pairs"});
       break;
   }
 }
@@ -126,7 +130,7 @@ void RunUserLimits(Run& run, const PairedData& data, const UserLimits& limits,
             Bold{scale.Word("Relative Y-X difference plot", "Percentage Y-X difference plot")});
   if (layout.percent.row > 0) sheet.Row(layout.percent.row, layout.percent.label, percent);
   sheet.Row(layout.proportion.row, layout.proportion.label, proportion);
-  WriteVerdict(sheet, layout.verdict, TestProportion(data.Count(), proportion));
+  WriteVerdict(run, layout.verdict, TestProportion(data.Count(), proportion));
   if (options.show_data) WriteListing(sheet, layout.listing, data, scale);
 }
 

@@ -3,7 +3,6 @@
 
 #include "analyses/general/dot_plot.h"
 #include "analyses/registry.h"
-#include "core/conversion.h"
 #include "stats/moments.h"
 #include "stats/normality.h"
 #include "stats/percentile.h"
@@ -91,7 +90,11 @@ std::optional<UserPercentile> TakeUserPercentile(const Run& run, std::span<const
   constexpr int kReplications = 200;
   const Single p = run.form.WholeNumber32(field);
   const Real t = p / 100 * x.size() + 0.5;
-  if (t < 1 || t > x.size()) return std::nullopt;
+  if (t < 1 || t > x.size()) {
+    run.form.Note(field,
+                  ", which is too extreme for " + Counted(x.size(), "value") + " and is left out");
+    return std::nullopt;
+  }
   UserPercentile percentile{run.form.Text(field), AtPosition(x, t)};
   if (run.form.On(with_se)) percentile.se = BootstrapPositions(x, {{t}}, kReplications).front().sd;
   return percentile;
@@ -111,8 +114,9 @@ Percentiles TakePercentiles(const Run& run, std::span<const Real> x) {
 
 OneSample TakeSample(Run& run) {
   const Column column = ReadDialogColumn(run);
-  if (column.values.size() < 3) run.Refuse(" N < 3: No General Statistics! ");
-  return {.name = column.header, .x = SortAscending(ToReals(ToSingles(ToNumbers(column.values))))};
+  Sample x = SortAscending(column.Numbers32(run.notices));
+  if (x.size() < 3) run.Refuse(" N < 3: No General Statistics! ");
+  return {.name = column.header, .x = std::move(x)};
 }
 
 void RunOneSample(Run& run) {

@@ -6,7 +6,6 @@
 #include "analyses/column_options.h"
 #include "analyses/general/dot_plot.h"
 #include "analyses/registry.h"
-#include "core/conversion.h"
 #include "core/failure.h"
 #include "core/intake.h"
 #include "stats/primitives.h"
@@ -50,7 +49,7 @@ static_assert(WellFormed(frmGenSeveralOptions));
 std::vector<Sample> ReadSamples(Run& run, const ColumnSpan& columns) {
   std::vector<Sample> samples;
   for (int column = columns.start; column <= columns.last; ++column) {
-    samples.push_back(ToNumbers(ReadColumn(run, column).values));
+    samples.push_back(ReadColumn(run, column).Numbers(run.notices));
     if (samples.back().size() < 2) run.Refuse(" Sample size < 2: No analysis ");
   }
   return samples;

@@ -6,7 +6,6 @@
 
 #include "analyses/general/dot_plot.h"
 #include "analyses/registry.h"
-#include "core/conversion.h"
 #include "core/intake.h"
 
 namespace quorval::general {
@@ -50,9 +49,10 @@ static_assert(WellFormed(frmGenTwoOptions));
 // --- The run
 
 Group TakeGroup(Run& run, const Field& field) {
-  Column column = ReadColumn(run, run.form.Column(field));
-  if (column.values.size() < 3) run.Refuse(" N < 3: No group comparison! ");
-  return {column.number, std::move(column.header), ToReals(ToSingles(ToNumbers(column.values)))};
+  Column column = ReadColumn(run, field);
+  Sample values = column.Numbers32(run.notices);
+  if (values.size() < 3) run.Refuse(" N < 3: No group comparison! ");
+  return {column.number, std::move(column.header), std::move(values)};
 }
 
 struct TestRoutine {
@@ -107,8 +107,10 @@ void Draw(Run& run, int places, Fill&& fill) {
 
 }  // namespace
 
-Sample TakeDifferences(const Run& run, const TwoGroups& groups) {
+Sample TakeDifferences(Run& run, const TwoGroups& groups) {
   const auto& [first, second] = groups;
+  NoteLengths(run.notices,
+              {{first.column, first.values.size()}, {second.column, second.values.size()}});
   if (first.N() != second.N()) Fail(run, "Unequal size of groups 1 and 2: No paired analysis");
   Sample differences;
   for (std::size_t i = 0; i < first.values.size(); ++i)

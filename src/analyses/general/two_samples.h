@@ -36,7 +36,7 @@ void RunWilcoxon(Run& run, const TwoGroups& groups);
 }
 
 // Second less first, row by row.  Fails where the groups differ in size.
-Sample TakeDifferences(const Run& run, const TwoGroups& groups);
+Sample TakeDifferences(Run& run, const TwoGroups& groups);
 
 // Clears the sheet and writes rows 2 to 11 of a test of pairs.
 void WritePairedHead(Run& run, std::string_view title, const TwoGroups& groups);

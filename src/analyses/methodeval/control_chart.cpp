@@ -3,11 +3,11 @@
 //
 // Negative values stand for missing measurements: they keep their place in the series, and enter
 // no statistic and no plot.
+#include <algorithm>
 #include <optional>
 
 #include "analyses/methodeval/method_evaluation.h"
 #include "analyses/registry.h"
-#include "core/conversion.h"
 
 namespace quorval::methodeval {
 namespace {
@@ -68,14 +68,13 @@ struct ControlData {
 
 bool IsMissing(Real value) { return value < 0; }
 
-std::optional<Texts> ReadDates(const Run& run, std::size_t n) {
+std::optional<Texts> ReadDates(Run& run, std::size_t n) {
   if (run.form.Blank(kDateColumn)) return std::nullopt;
-  if (OutsideWorksheet(run.form, kDateColumn)) Raise(Fault::Kind::kOutOfRange);
-  return TextsOfRows(run.worksheet, run.form.Column(kDateColumn), n);
-}
-
-Real ReadAssigned(const Run& run, const Field& column) {
-  return ToNumber(run.worksheet.Value(run.form.Column(column), 1));
+  if (OutsideWorksheet(run.form, kDateColumn)) {
+    run.form.Note(kDateColumn, "; the worksheet has the columns 1 to 500");
+    throw Fault{Fault::Kind::kOutOfRange, true};
+  }
+  return ReadLabels(run, kDateColumn, n, "date");
 }
 
 ControlData ReadControlData(Run& run) {
@@ -83,10 +82,10 @@ ControlData ReadControlData(Run& run) {
   if (column.values.empty()) run.Refuse(kAllColumns.refusal);
   return {.column = column.number,
           .analyte = std::move(column.header),
-          .x = ToNumbers(column.values),
+          .x = column.Numbers(run.notices),
           .dates = ReadDates(run, column.values.size()),
-          .M = ReadAssigned(run, kMeanColumn),
-          .S = ReadAssigned(run, kSdColumn)};
+          .M = FirstNumber(run, run.form.Column(kMeanColumn)),
+          .S = FirstNumber(run, run.form.Column(kSdColumn))};
 }
 
 // --- The sheet
@@ -145,8 +144,21 @@ void DrawChart(Run& run, const ControlData& data) {
 
 // --- The run
 
+void NoteMissing(Run& run, const ControlData& data) {
+  const auto missing = static_cast<std::size_t>(std::ranges::count_if(data.x, IsMissing));
+  if (missing == 0) return;
+  const auto first = std::ranges::find_if(data.x, IsMissing) - data.x.begin();
+  const int row = static_cast<int>(first) + 1;
+  Note(run.notices,
+       {"left-out",
+        "column " + std::to_string(data.column) + " holds " + Counted(missing, "negative value") +
+            ", taken as missing and left out; the first stands in row " + std::to_string(row),
+        data.column, row});
+}
+
 void RunControlChart(Run& run) {
   const ControlData data = ReadControlData(run);
+  NoteMissing(run, data);
   const Range range = RangeOf(data.x);
   if (range.max == range.min) run.Refuse(" No dispersion in variables: No analysis ");
   Sample valid = data.x;

@@ -1,7 +1,6 @@
 // Detection limit and lower limit of quantitation as multiples of the SD of a low or zero sample.
 // Outliers are listed, and stay in the estimate.
 #include "analyses/methodeval/detection_limit.h"
-#include "core/conversion.h"
 
 namespace quorval::methodeval::detection {
 namespace {
@@ -23,8 +22,8 @@ struct LowSample {
 
 LowSample MeasureLowSample(Run& run, const Field& column_field, const Field& sds_field) {
   LowSample sample{.column = ReadColumn(run, TakeColumn(run, column_field))};
-  if (sample.column.values.size() < 2) run.Refuse(" Sample size < 2: No analysis ");
-  sample.x = ToNumbers(sample.column.values);
+  sample.x = sample.column.Numbers(run.notices);
+  if (sample.x.size() < 2) run.Refuse(" Sample size < 2: No analysis ");
   const Range range = RangeOf(sample.x);
   if (range.max == range.min) run.Refuse(" No dispersion in variables: No analysis ");
   sample.d = DescribeSample(run.messages, sample.x);

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "core/conversion.h"
-
 namespace quorval::methodeval::linearity {
 
 int DilutionSeries::N() const {
@@ -17,19 +15,21 @@ DilutionSeries ReadDilutionSeries(Run& run, const Field& start, const Field& las
   if (series.columns.last - series.columns.start + 1 < 3)
     run.Refuse(" Less than three x levels: No analysis ");
   for (int column = series.columns.start; column <= series.columns.last; ++column) {
-    const Texts texts = ReadColumn(run, column).values;
-    if (texts.size() < 3) run.Refuse(" Less than two y values at each x level: No analysis ");
-    DilutionLevel level{
-        .x = ToNumber(texts.front()), .y = ToNumbers(std::span(texts).subspan(1)), .mean = {}};
+    const Sample cells = ReadColumn(run, column).Numbers(run.notices);
+    if (cells.size() < 3) run.Refuse(" Less than two y values at each x level: No analysis ");
+    DilutionLevel level{.x = cells.front(), .y = {cells.begin() + 1, cells.end()}, .mean = {}};
     level.mean = Sum(level.y) / level.n();
     series.levels.push_back(std::move(level));
   }
   return series;
 }
 
-void WeightLevels(const Run& run, DilutionSeries& series, Real e, Real L) {
+void RefuseNonPositiveLevels(const Run& run, const DilutionSeries& series) {
   if (std::ranges::any_of(series.levels, [](const DilutionLevel& level) { return level.x <= 0; }))
     run.Refuse("Negative or zero x values in weighted linearity evaluation: no analysis");
+}
+
+void WeightLevels(DilutionSeries& series, Real e, Real L) {
   for (DilutionLevel& level : series.levels) level.w = 1 / Pow(std::max(level.x, L), e);
 }
 

@@ -27,7 +27,10 @@ struct DilutionSeries {
 // At least three levels of at least two replicates, from the columns 1 to 30.
 DilutionSeries ReadDilutionSeries(Run& run, const Field& start, const Field& last);
 
-// Weights by x to the power of -e, with x not below L.  Refused where an x is not above 0.
-void WeightLevels(const Run& run, DilutionSeries& series, Real e, Real L);
+// Levels whose x is not above 0 have no weight.
+void RefuseNonPositiveLevels(const Run& run, const DilutionSeries& series);
+
+// Weights by x to the power of -e, with x not below L; x above 0.
+void WeightLevels(DilutionSeries& series, Real e, Real L);
 
 }  // namespace quorval::methodeval::linearity

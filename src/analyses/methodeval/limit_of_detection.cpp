@@ -1,9 +1,8 @@
-// The limit of detection with type I and II errors specified, by CLSI guideline EP17-A (2004): the
+// The limit of detection at given errors of both kinds, by CLSI guideline EP17-A (2004): the
 // limit of blank (LoB) as a percentile of blank measurements, and above it a multiple of the pooled
 // SD of samples with little analyte.
 #include "analyses/methodeval/detection_limit.h"
 #include "analyses/methodeval/variance_components.h"
-#include "core/conversion.h"
 #include "stats/percentile.h"
 #include "stats/resampling.h"
 
@@ -23,10 +22,10 @@ struct Blanks {
 };
 
 Blanks EstimateLoB(Run& run) {
-  Blanks blanks{.column = ReadColumn(run, run.form.Column(kBlankColumn))};
-  const Real n = blanks.column.values.size();
+  Blanks blanks{.column = ReadColumn(run, kBlankColumn)};
+  blanks.sorted = SortAscending(blanks.column.Numbers(run.notices));
+  const Real n = blanks.sorted.size();
   if (n < 2) run.Refuse(kTooFew);
-  blanks.sorted = SortAscending(ToNumbers(blanks.column.values));
   if (blanks.sorted.front() == blanks.sorted.back())
     run.Refuse(" No dispersion in variables: No analysis ");
   if (run.form.Blank(kAlpha)) run.Refuse("Type I error (alpha) not specified");
@@ -51,9 +50,8 @@ struct LowSamples {
 LowSamples ReadLowSamples(Run& run, const ColumnSpan& columns) {
   LowSamples samples{columns};
   for (int column = columns.start; column <= columns.last; ++column) {
-    const Texts texts = ReadColumn(run, column).values;
-    if (texts.size() < 2) run.Refuse(kTooFew);
-    samples.values.push_back(ToNumbers(texts));
+    samples.values.push_back(ReadColumn(run, column).Numbers(run.notices));
+    if (samples.values.back().size() < 2) run.Refuse(kTooFew);
   }
   return samples;
 }

@@ -139,8 +139,9 @@ void RunLackOfFit(Run& run) {
   DilutionSeries series = ReadDilutionSeries(run, kStartColumn, kLastColumn);
   Weighting weighting;
   if (run.form.Holds(kWlr)) {
+    RefuseNonPositiveLevels(run, series);
     weighting = {run.form.WholeNumber32(kExponent), run.form.WholeNumber32(kTruncation)};
-    WeightLevels(run, series, weighting.e, weighting.L);
+    WeightLevels(series, weighting.e, weighting.L);
   }
   const LackOfFit fit = FitLine(run.messages, series.levels);
   WriteFit(run, series, fit);

@@ -1,6 +1,6 @@
-// Linearity by polynomial fit, on the principles of NCCLS guideline EP6-A (2003): a polynomial and
-// a straight line are fitted to the same dilution series, and their difference at each level is
-// held against a goal.
+// Linearity by polynomial fit, on the principles of NCCLS guideline EP6-A (2003): one
+// dilution series gets a polynomial and a straight line, whose difference at each level is held
+// against a goal.
 #include <algorithm>
 
 #include "analyses/methodeval/linearity.h"

@@ -1,5 +1,5 @@
-// Imprecision at one concentration level, from a single run (precision_single_run.cpp) or with the
-// components within and between several runs (precision_several_runs.cpp).
+// Imprecision of one sample: within a run (precision_single_run.cpp), or within and between runs
+// (precision_several_runs.cpp).
 #include "analyses/methodeval/precision.h"
 
 #include "analyses/registry.h"

@@ -1,7 +1,6 @@
 // The components of variance within and between runs; each column is a run.
 #include "analyses/methodeval/precision.h"
 #include "analyses/methodeval/variance_components.h"
-#include "core/conversion.h"
 
 namespace quorval::methodeval::precision {
 namespace {
@@ -15,10 +14,9 @@ struct Runs {
 Runs ReadRuns(Run& run, Real outlier_limit) {
   Runs runs{.columns = TakeColumns(run, kStartColumn, kLastColumn)};
   for (int column = runs.columns.start; column <= runs.columns.last; ++column) {
-    const Texts texts = ReadColumn(run, column).values;
-    if (texts.empty()) run.Refuse(kNoValues);
-    if (texts.size() == 1) Raise(Fault::Kind::kDivisionByZero);  // a run without an SD
-    const Sample& values = runs.values.emplace_back(ToNumbers(texts));
+    const Sample& values = runs.values.emplace_back(ReadColumn(run, column).Numbers(run.notices));
+    if (values.empty()) run.Refuse(kNoValues);
+    if (values.size() == 1) Raise(Fault::Kind::kDivisionByZero);  // a run without an SD
     if (MarkOutliersBySD(run.messages, outlier_limit, values).count > 0)
       runs.outlier_columns.push_back(column);
   }

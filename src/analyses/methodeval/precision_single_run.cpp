@@ -1,6 +1,5 @@
 // Mean, SD and CV% of one column.  Outliers are listed and drawn apart, and stay in the estimates.
 #include "analyses/methodeval/precision.h"
-#include "core/conversion.h"
 
 namespace quorval::methodeval::precision {
 namespace {
@@ -40,8 +39,8 @@ void DrawValues(Run& run, std::span<const Real> x, const Description& d,
 
 void RunSingle(Run& run) {
   const Column column = ReadColumn(run, TakeColumn(run, kColumn));
-  if (column.values.size() < 2) run.Refuse(" Sample size < 2: No analysis ");
-  const Sample x = ToNumbers(column.values);
+  const Sample x = column.Numbers(run.notices);
+  if (x.size() < 2) run.Refuse(" Sample size < 2: No analysis ");
   const Range range = RangeOf(x);
   if (range.max == range.min) run.Refuse(" No dispersion in variables: No analysis ");
   const Description d = DescribeSample(run.messages, x);

@@ -54,12 +54,24 @@ constexpr Field kFields[] = {
     kSemColumn,
 };
 
+constexpr auto kBothModes = profile::kRules<kTrueColumn, kMeanColumn>;
+constexpr Rule kRules[] = {
+    kBothModes[0],
+    // A word passes, and ends the run.
+    {[](const Form& form) {
+       return form.Holds(kPairs) && form.HoldsNumber(kSemColumn) &&
+              OutsideWorksheet(form, kSemColumn);
+     },
+     kColumnRefused},
+    kBothModes[1],
+};
+
 constexpr Dialog frmMethTruenessOpt{
     .window = "frmMethTruenessOpt",
     .title = "Quorval     Trueness Options   ",
     .heading = "Options for Trueness Determination",
     .fields = kFields,
-    .rules = kRules<kTrueColumn, kMeanColumn>,
+    .rules = kRules,
 };
 static_assert(WellFormed(frmMethTruenessOpt));
 
@@ -122,10 +134,7 @@ void RunRaw(Run& run) {
 
 std::vector<int> TakePairColumns(const Run& run) {
   std::vector<int> columns{TakeColumn(run, kTrueColumn), TakeColumn(run, kMeanColumn)};
-  if (run.form.Blank(kSemColumn)) return columns;
-  const int sem_column = run.form.Column(kSemColumn);
-  if (sem_column < 1 || sem_column > kThirtyColumns.last) Raise(Fault::Kind::kOutOfRange);
-  columns.push_back(sem_column);
+  if (!run.form.Blank(kSemColumn)) columns.push_back(TakeColumn(run, kSemColumn));
   return columns;
 }
 

@@ -1,4 +1,4 @@
-// Ranks whose values bound the 90 % confidence intervals of the 2.5th and the 97.5th percentile.
+// Ranks whose values bound the 90 % confidence intervals of the two reference limits.
 #pragma once
 
 #include <optional>

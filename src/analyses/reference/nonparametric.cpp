@@ -43,6 +43,11 @@ int TakeReplications(Run& run) {
 
 void CheckPositions(Run& run, const Estimator& estimator, const PercentilePositions& at, Real N) {
   const auto refuse = [&](std::string_view words) {
+    if (estimator.bootstrap) {
+      Note(run.notices, {"arithmetic", Counted(static_cast<std::size_t>(Raw(N)), "value") +
+                                           " are too few for the 2.5th and 97.5th percentile "
+                                           "by this rule"});
+    }
     run.messages.Tell(estimator.bootstrap ? "Error" : words);
     throw Failure{};
   };

@@ -74,7 +74,7 @@ ParametricEstimate EstimateOn(Run& run, const WorkingVariable& variable) {
   estimate.interval.upper = CarryBack(on_y.upper, variable);
   estimate.skewness = Skewness(run.messages, y);
   estimate.kurtosis = Kurtosis(y);
-  estimate.outlier_limit = run.form.Number32(kOutlierLimit);
+  estimate.outlier_limit = run.form.WholeNumber32(kOutlierLimit);
   estimate.outliers = MarkOutliersBySD(run.messages, estimate.outlier_limit, ToSingles(y));
   estimate.NormalityP = AndersonDarling(run.messages, y, variable.normality_factor);
   return estimate;

@@ -1,5 +1,5 @@
-// The central 95 % interval of a population, from one column of reference values: the 2.5th and the
-// 97.5th percentile, each with a 90 % confidence interval.
+// The central 95 % interval of a population, from one column of reference values: both limits with
+// their 90 % confidence intervals.
 //
 // Seven procedures share the intake, the refusals and the plots told here.  Outliers are reported
 // by the parametric ones and never removed.
@@ -11,7 +11,6 @@
 #include "analyses/reference/plots.h"
 #include "analyses/reference/two_stage.h"
 #include "analyses/registry.h"
-#include "core/conversion.h"
 #include "core/failure.h"
 #include "stats/percentile.h"
 
@@ -29,16 +28,16 @@ Column TakeColumn(Run& run) {
 
 ReferenceSample TakeSample(Run& run) {
   const Column column = TakeColumn(run);
-  const Singles values = ToSingles(ToNumbers(column.values));
+  Sample values = column.Numbers32(run.notices);
   if (values.size() < 20) run.Refuse(" N < 20: No data analysis! ");
-  ReferenceSample sample{SortAscending(ToReals(values)), column.header};
+  ReferenceSample sample{SortAscending(std::move(values)), column.header};
   if (sample.RefValues.front() == sample.RefValues.back())
     run.Refuse("No dispersion of reference values");
   return sample;
 }
 
 void CheckParametric(const Run& run, const ReferenceSample& sample, bool needs_positive) {
-  if (run.form.Number32(kOutlierLimit) <= 0)
+  if (!run.form.HoldsNumber(kOutlierLimit) || run.form.WholeNumber32(kOutlierLimit) <= 0)
     run.Refuse("Outlier detection limit should be a positive number of SD´s");
   if (needs_positive && sample.RefValues.front() <= 0)
     run.Refuse("Transformation not possible on non-positive numbers!");

@@ -24,7 +24,7 @@ struct Percentile {
   std::optional<Limits> confidence{};  // 90 %; none where the sample is too small
 };
 
-// The 2.5th and the 97.5th percentile.
+// The percentiles 2.5 and 97.5.
 struct ReferenceInterval {
   Percentile lower, upper;
 };

@@ -45,6 +45,8 @@ constexpr Dialog MCstatF3so{
 };
 static_assert(WellFormed(MCstatF3so));
 
+constexpr auto kPlots = PlotsCaptioned("XY-plot Deming regression analysis");
+
 // --- The run
 
 std::string_view Title(const Run& run) {
@@ -79,13 +81,13 @@ void Analyse(Run& run, const Pairs& data, const Measurements& measured) {
   const Sample e = VerticalResiduals<Width>(data, *line);
   run.sheet.Row(17, "  SDyx (vertical)", ResidualSD(run, e));
   WriteRatio(run, *line, "  Estimated SDax/SDay");
-  ReportDeming<Width>(run, {data, levels, *line, errors, e}, "XY-plot Deming regression analysis");
+  ReportDeming<Width>(run, {data, levels, *line, errors, e}, kPlots);
 }
 
 void RunDeming(Run& run) {
   Pairs data = ReadPairs(run);
   if (IsDuplicate(run.form)) {
-    Analyse(run, data, TakeDuplicate(data));
+    Analyse(run, data, TakeDuplicate(run, data));
   } else {
     const SingleMeasurements measured = TakeSingle(run.form, data);
     Analyse(run, data, measured);
@@ -97,6 +99,7 @@ constexpr Procedure MCstatF3s[] = {Comparison({
     .title = [](const Form& form) { return WindowTitle("Deming Regression Analysis", form); },
     .menu = {.back = "&Selection of Deming  Reg. options"},
     .print_header = "/cDeming Regression/rPage #/p/n",
+    .plot_windows = kPlots,
     .run = RunDeming,
 })};
 

@@ -26,9 +26,10 @@ inline SingleMeasurements TakeSingle(const Form& form, Pairs& data) {
   return measured;
 }
 
-inline DuplicateMeasurements TakeDuplicate(const Pairs& data) {
+// A repetition keeps the lambda of the first run.
+inline DuplicateMeasurements TakeDuplicate(const Run& run, const Pairs& data) {
   const auto& [x1, x2, y1, y2] = data.measured;
-  return {x1, x2, y1, y2};
+  return {x1, x2, y1, y2, run.repeated != nullptr ? run.repeated->lambda : std::nullopt};
 }
 
 // Row 18: the ratio of the SDs as assigned, or as estimated from the duplicates.
@@ -48,7 +49,7 @@ void WriteDemingTables(Run& run, const DemingFit& fit, const Bands& bands,
                        const DistanceResiduals& distances, const Sample& z);
 
 template <class Width>
-void ReportDeming(Run& run, const DemingFit& fit, std::string_view xy_caption) {
+void ReportDeming(Run& run, const DemingFit& fit, std::span<const PlotWindow> plots) {
   const auto& [data, levels, line, errors, e] = fit;
   const Real df = data.Count() - 2;
   const auto distances = DistancesFromLine<Width>(data, line, e);
@@ -60,12 +61,13 @@ void ReportDeming(Run& run, const DemingFit& fit, std::string_view xy_caption) {
   const OutlierMarks outliers = MarkOutliers(run, distances.r);
   WriteOutliers(run, {.count = 29, .first = 33, .more = 43}, outliers, data);
   KeepForReanalysis(run, data, outliers);
+  if (run.rejection && IsDuplicate(run.form)) run.rejection->lambda = line.lambda;
 
   const Bands bands = ComputeBands(levels, errors.estimates, CriticalT05(df));
   WriteDemingTables(run, fit, bands, distances, z);
-  DrawXYPlot(run, xy_caption, data, outliers, {.a0 = line.a0, .b = line.b},
+  DrawXYPlot(run, plots[0], data, outliers, {.a0 = line.a0, .b = line.b},
              run.form.On(kPlotBands) ? std::optional(bands) : std::nullopt);
-  DrawResidualPlot(run, distances.m, z, outliers);
+  DrawResidualPlot(run, plots[1], distances.m, z, outliers);
 }
 
 }  // namespace quorval::regression

@@ -37,6 +37,12 @@ std::vector<double> Terms(std::span<const Real> a, std::span<const Real> b, Term
   return raw;
 }
 
+// Of sums of squared differences of duplicates; none where those of y are all 0.
+std::optional<Real> RatioOf(Real x, Real y) {
+  if (y == 0) return std::nullopt;
+  return x / y;
+}
+
 Real Plus(Real a, Real b) { return a + b; }
 Real SquaredDifference(Real a, Real b) { return Square(a - b); }
 
@@ -73,7 +79,7 @@ std::optional<DemingLine> FitDeming(const SingleMeasurements& measured) {
 }
 
 std::optional<DemingLine> FitDemingDuplicate(const DuplicateMeasurements& measured) {
-  const auto& [x1, x2, y1, y2] = measured;
+  const auto& [x1, x2, y1, y2, given] = measured;
   const Real n = x1.size();
   Real sum_x, sum_y, A, B;
   for (std::size_t i = 0; i < x1.size(); ++i) {
@@ -82,7 +88,8 @@ std::optional<DemingLine> FitDemingDuplicate(const DuplicateMeasurements& measur
     A += Square(x1[i] - x2[i]);
     B += Square(y1[i] - y2[i]);
   }
-  if (B == 0) return std::nullopt;
+  const std::optional<Real> lambda = given ? given : RatioOf(A, B);
+  if (!lambda) return std::nullopt;
   const Real mean_x = sum_x / (2 * n);
   const Real mean_y = sum_y / (2 * n);
   Scatter scatter;
@@ -90,7 +97,7 @@ std::optional<DemingLine> FitDemingDuplicate(const DuplicateMeasurements& measur
     scatter.Add(mean_x - x1[i], mean_y - y1[i]);
     scatter.Add(mean_x - x2[i], mean_y - y2[i]);
   }
-  return Line(scatter, A / B, mean_x, mean_y);
+  return Line(scatter, *lambda, mean_x, mean_y);
 }
 
 std::optional<std::vector<DemingLine>> FitDemingWithoutEach(const SingleMeasurements& measured) {
@@ -110,7 +117,7 @@ std::optional<std::vector<DemingLine>> FitDemingWithoutEach(const SingleMeasurem
 }
 
 std::optional<std::vector<DemingLine>> FitDemingWithoutEach(const DuplicateMeasurements& measured) {
-  const auto& [x1, x2, y1, y2] = measured;
+  const auto& [x1, x2, y1, y2, given] = measured;
   const Real count = 2 * (Real(x1.size()) - 1);
   const std::vector<double> means_x = MeansWithoutEach(Terms(x1, x2, Plus), count);
   const std::vector<double> means_y = MeansWithoutEach(Terms(y1, y2, Plus), count);
@@ -120,8 +127,9 @@ std::optional<std::vector<DemingLine>> FitDemingWithoutEach(const DuplicateMeasu
       ScattersWithoutEach(Interleave(x1, x2), Interleave(y1, y2), 2, means_x, means_y);
   std::vector<DemingLine> lines;
   for (std::size_t j = 0; j < x1.size(); ++j) {
-    if (B[j] == 0) return std::nullopt;
-    const auto line = Line(At(scatters, j), Real(A[j]) / B[j], means_x[j], means_y[j]);
+    const std::optional<Real> lambda = given ? given : RatioOf(A[j], B[j]);
+    if (!lambda) return std::nullopt;
+    const auto line = Line(At(scatters, j), *lambda, means_x[j], means_y[j]);
     if (!line) return std::nullopt;
     lines.push_back(*line);
   }

@@ -20,11 +20,12 @@ struct SingleMeasurements {
 struct DuplicateMeasurements {
   using Width = Real;
   Sample x1, x2, y1, y2;
+  std::optional<Real> lambda{};  // as above; none where a fit estimates it from its duplicates
 };
 
 // The line, its numbers as wide as the measurements' Width.
 struct DemingLine {
-  Real lambda;  // given, or estimated from the duplicates
+  Real lambda;  // given, or estimated
   Real b, a0;   // slope and intercept
   Real mean_x, mean_y;
 
@@ -49,8 +50,8 @@ std::optional<Real> DemingSlope(const Scatter& scatter, Real lambda);
 // The line through at least 2 points; none where lambda Sxy is 0.
 std::optional<DemingLine> FitDeming(const SingleMeasurements& measured);
 
-// As FitDeming, with lambda from the ratio of the duplicates' squared differences.  None where all
-// y1 equal their y2 too.
+// As FitDeming, with lambda from the ratio of the duplicates' squared differences unless it is
+// given. None where it cannot be estimated, since all y1 equal their y2.
 std::optional<DemingLine> FitDemingDuplicate(const DuplicateMeasurements& measured);
 inline std::optional<DemingLine> FitDeming(const DuplicateMeasurements& measured) {
   return FitDemingDuplicate(measured);

@@ -16,11 +16,12 @@ namespace {
 struct Rows {
   std::vector<double> x{}, y{};  // one point for each row, or two that follow one another
   std::vector<double> place_x{}, place_y{};  // a row's point, or the mean of its two
-  std::vector<double> A{}, B{};              // squared differences of duplicates; else empty
-  bool narrow = false;                       // what is computed of a row is rounded to 32 bits
+  std::vector<double> A{}, B{};  // squared differences of duplicates, where lambda is estimated
+  bool narrow = false;           // what is computed of a row is rounded to 32 bits
 
-  bool Duplicate() const { return !A.empty(); }
   std::size_t Count() const { return place_x.size(); }
+  bool Duplicate() const { return x.size() > Count(); }
+  bool EstimatesLambda() const { return !A.empty(); }
 };
 
 Rows RowsOf(const SingleMeasurements& measured) {
@@ -33,13 +34,14 @@ Rows RowsOf(const SingleMeasurements& measured) {
 }
 
 Rows RowsOf(const DuplicateMeasurements& measured) {
-  const auto& [x1, x2, y1, y2] = measured;
+  const auto& [x1, x2, y1, y2, given] = measured;
   Rows rows;
   for (std::size_t i = 0; i < x1.size(); ++i) {
     for (Real x : {x1[i], x2[i]}) rows.x.push_back(Raw(x));
     for (Real y : {y1[i], y2[i]}) rows.y.push_back(Raw(y));
     rows.place_x.push_back(Raw((x1[i] + x2[i]) / 2));
     rows.place_y.push_back(Raw((y1[i] + y2[i]) / 2));
+    if (given) continue;
     rows.A.push_back(Raw(Square(x1[i] - x2[i])));
     rows.B.push_back(Raw(Square(y1[i] - y2[i])));
   }
@@ -204,6 +206,7 @@ class FitBlock {
       }
       sums.Add(w_[i], rows_.x[2 * i], rows_.y[2 * i]);
       sums.Add(w_[i], rows_.x[2 * i + 1], rows_.y[2 * i + 1]);
+      if (!rows_.EstimatesLambda()) continue;
       sums.A += w_[i] * rows_.A[i];
       sums.B += w_[i] * rows_.B[i];
     }
@@ -223,7 +226,7 @@ class FitBlock {
     DemingLine& line = lines_[k];
     line.mean_x = of(sums.mean_x);
     line.mean_y = of(sums.mean_y);
-    if (rows_.Duplicate()) {
+    if (rows_.EstimatesLambda()) {
       if (of(sums.B) == 0) return false;
       line.lambda = of(sums.A) / of(sums.B);
     }

@@ -17,9 +17,9 @@ struct WeightedDemingLine : DemingLine {
 
 // The line through rows that weigh 1 / u^P, where u is the point's estimated place on the line
 // (between both methods, by lambda) or the limit of truncation.  Starts from the unweighted line,
-// reweights once and then up to ten times, until the slope moves by less than 1e-6; duplicates give
-// a weighted lambda in each step.  None where the slope does not settle, a place on the line is not
-// positive, or a sum is 0.
+// reweights once and then up to ten times, until the slope moves by less than 1e-6; duplicates
+// whose lambda is not given have a weighted one estimated in each step.  None where the slope does
+// not settle, a place on the line is not positive, or a sum is 0.
 std::optional<WeightedDemingLine> FitWeightedDeming(const SingleMeasurements& measured,
                                                     const Weighting& weighting);
 std::optional<WeightedDemingLine> FitWeightedDeming(const DuplicateMeasurements& measured,

@@ -14,8 +14,8 @@ struct JackknifeErrors {
 };
 
 // The SD of the pseudovalues n Q - (n - 1) Q(j) over the root of n, for the slope, the intercept
-// and the estimates at the levels.  Q is the full line's, Q(j) that of the line without row j; the
-// mean of the pseudovalues is not used.
+// and the estimates at the levels.  Q is the full line's, Q(j) that of the line without row j.  The
+// estimate stays Q; their mean plays no part.
 JackknifeErrors Jackknife(Messages& messages, const DemingLine& line,
                           std::span<const DemingLine> without_each, const Levels& levels);
 

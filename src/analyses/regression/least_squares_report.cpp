@@ -6,7 +6,7 @@
 namespace quorval::regression {
 
 OutlierMarks ReportLeastSquares(Run& run, const LeastSquaresRows& rows, const LeastSquaresFit& fit,
-                                std::string_view xy_caption) {
+                                std::span<const PlotWindow> plots) {
   const auto& [data, levels, line, estimates, w] = fit;
   const Real df = data.Count() - 2;
   Residuals residuals;
@@ -34,9 +34,9 @@ OutlierMarks ReportLeastSquares(Run& run, const LeastSquaresRows& rows, const Le
   if (form.On(kShowBands)) WriteBands(run, rows.bands, rows.estimate_heading, bands);
   if (form.On(kShowResiduals))
     WriteResiduals(run, rows.residuals, rows.residual_headings, data, residuals);
-  DrawXYPlot(run, xy_caption, data, outliers, {.a0 = line.a0, .b = line.b},
+  DrawXYPlot(run, plots[0], data, outliers, {.a0 = line.a0, .b = line.b},
              form.On(kPlotBands) ? std::optional(bands) : std::nullopt);
-  DrawResidualPlot(run, data.x, residuals.z, outliers);
+  DrawResidualPlot(run, plots[1], data.x, residuals.z, outliers);
   return outliers;
 }
 

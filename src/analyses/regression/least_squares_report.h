@@ -34,6 +34,6 @@ struct LeastSquaresFit {
 
 // Returns the marks of the points.
 OutlierMarks ReportLeastSquares(Run& run, const LeastSquaresRows& rows, const LeastSquaresFit& fit,
-                                std::string_view xy_caption);
+                                std::span<const PlotWindow> plots);
 
 }  // namespace quorval::regression

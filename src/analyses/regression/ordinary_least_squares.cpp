@@ -1,8 +1,8 @@
 // Ordinary least-squares regression of y (test method) on x (reference method).
 //
 // Reads two columns, or four whose pairwise means are taken.  Writes rows 2 to 41 of the sheet
-// and two optional tables, and the plots frmXY1s and frmRes1s.  Outliers are reported and drawn
-// apart, and never removed from an estimate.
+// and two optional tables, and the plots frmXY1s and frmRes1s.  Outliers are listed and have
+// marks of their own; every estimate keeps them.
 #include "analyses/registry.h"
 #include "analyses/regression/least_squares_report.h"
 #include "stats/significance.h"
@@ -43,6 +43,8 @@ constexpr Dialog MCstatF1so{
 };
 static_assert(WellFormed(MCstatF1so));
 
+constexpr auto kPlots = PlotsCaptioned("X-Y plot Ord. least-squares reg. analysis");
+
 // --- The run
 
 constexpr LeastSquaresRows kRows{
@@ -73,8 +75,7 @@ void RunOls(Run& run) {
   WriteSlope(run, 11, slope);
   run.sheet.Row(16, "  Correlation coefficient", r, CorrelationPClass(df, r));
   const Sample w(data.x.size(), 1);
-  ReportLeastSquares(run, kRows, {data, levels, *fit, estimates, w},
-                     "X-Y plot Ord. least-squares reg. analysis");
+  ReportLeastSquares(run, kRows, {data, levels, *fit, estimates, w}, kPlots);
 }
 
 constexpr Procedure MCstatF1s[] = {Comparison({
@@ -85,6 +86,7 @@ constexpr Procedure MCstatF1s[] = {Comparison({
         },
     .menu = {.back = "&Selection of Ord. L.-S.  Reg. options"},
     .print_header = "/cOrd. Linear regression/rPage #/p/n",
+    .plot_windows = kPlots,
     .run = RunOls,
 })};
 

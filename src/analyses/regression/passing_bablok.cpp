@@ -7,6 +7,7 @@
 #include "analyses/regression/distance_residuals.h"
 #include "analyses/regression/fit_passing_bablok.h"
 #include "analyses/regression/plots.h"
+#include "core/conversion.h"
 #include "stats/significance.h"
 
 namespace quorval::regression {
@@ -40,6 +41,8 @@ constexpr Dialog MCstatF5so{
     .rules = kRules,
 };
 static_assert(WellFormed(MCstatF5so));
+
+constexpr auto kPlots = PlotsCaptioned("XY Plot Nonparametric Regression");
 
 // --- The run
 
@@ -89,7 +92,11 @@ void RunPassingBablok(Run& run) {
   const auto& y = data.y;
   const Levels levels = PlaceLevels(run.form, RangeOfAbscissae(run, data, 5));
   const Real rs = RankCorrelation(x, y);
-  if (rs <= 0) run.Refuse("Error occurred");
+  if (rs <= 0) {
+    Note(run.notices, {"arithmetic", "the rank correlation of x and y is " + FixedText(rs, 4) +
+                                         ", and the slopes want one above 0"});
+    run.Refuse("Error occurred");
+  }
   const std::optional<PassingBablokLine> line = PassingBablokFit(run.messages, x, y);
   if (!line) run.Refuse("  Regression result could not be computed ");
 
@@ -111,8 +118,8 @@ void RunPassingBablok(Run& run) {
                    {"  x value", "  y value", "  Estim. y", "  Res.(vertical: y - (a0+bx))",
                     "  St. res. at an angle to the line"},
                    data, residuals);
-  DrawUnmarkedXYPlot(run, "XY Plot Nonparametric Regression", data, {.a0 = line->a0, .b = line->b});
-  DrawUnmarkedResidualPlot(run, x, residuals.z);
+  DrawUnmarkedXYPlot(run, kPlots[0], data, {.a0 = line->a0, .b = line->b});
+  DrawUnmarkedResidualPlot(run, kPlots[1], x, residuals.z);
 }
 
 constexpr Procedure MCstatF5s[] = {Comparison({
@@ -121,6 +128,7 @@ constexpr Procedure MCstatF5s[] = {Comparison({
         [](const Form& form) { return WindowTitle("Nonparametric Regression Analysis", form); },
     .menu = {.back = "&Selection of Nonpar.  Reg. options"},
     .print_header = "/cPassing-Bablok Regression/rPage #/p/n",
+    .plot_windows = kPlots,
     .run = RunPassingBablok,
 })};
 

@@ -13,7 +13,6 @@
 
 #include "analyses/method_comparison.h"
 #include "analyses/registry.h"
-#include "core/conversion.h"
 #include "stats/polynomial_tests.h"
 #include "stats/significance.h"
 
@@ -60,9 +59,6 @@ constexpr Dialog kDialog{
     .window = "frmPolynRegO", .title = "Polynomial Regression Analysis", .fields = kFields};
 static_assert(WellFormed(kDialog));
 
-// The whole text as a 32-bit number; a Fault on a word.
-Single Number32(const Form& form, const Field& field) { return Single(ToNumber(form.Text(field))); }
-
 // --- The data
 
 struct OrderedPairs {
@@ -84,11 +80,14 @@ OrderedPairs Sort(std::span<const Real> x, std::span<const Real> y) {
 }
 
 OrderedPairs ReadPairs(Run& run) {
-  const Texts x = ReadColumn(run, run.form.Column(kXColumn)).values;
-  const Texts y = ReadColumn(run, run.form.Column(kYColumn)).values;
+  const Column x_column = ReadColumn(run, kXColumn);
+  const Sample x = x_column.Numbers(run.notices);
+  const Column y_column = ReadColumn(run, kYColumn);
+  const Sample y = y_column.Numbers(run.notices);
+  NoteLengths(run.notices, {{x_column.number, x.size()}, {y_column.number, y.size()}});
   if (x.size() != y.size()) run.Refuse(" Unequal numbers of x and y values: No analysis");
   if (x.size() < 3) run.Refuse(" N < 3: No analysis ");
-  return Sort(ToNumbers(x), ToNumbers(y));
+  return Sort(x, y);
 }
 
 // --- The computation
@@ -103,12 +102,16 @@ struct Results {
   Real t95{};
 };
 
-Results Compute(Run& run, const OrderedPairs& points, Single limit) {
+int TakeDegree(const Run& run, const OrderedPairs& points) {
+  const int degree = run.form.Column(kDegree);
+  if (degree > points.Count() - 2)
+    run.Refuse("Degree of polynomium is higher than sample size minus two: No analysis");
+  return degree;
+}
+
+Results Compute(Run& run, const OrderedPairs& points, int degree, Single limit) {
   const auto& [x, y] = points;
   const int n = points.Count();
-  const int degree = ToInt16(run.form.Text(kDegree));
-  if (degree > n - 2)
-    run.Refuse("Degree of polynomium is higher than sample size minus two: No analysis");
   const int df = n - degree - 1;
   Results results{.polynomial = PolynomialFit(x, y, degree)};
   for (std::size_t i = 0; i < x.size(); ++i) {
@@ -204,6 +207,9 @@ void WriteLimits(ResultsSheet& sheet, int row, const Results& results) {
 
 // --- The plots
 
+constexpr PlotWindow kPlots[] = {{"frmPolynRegPlot", "Polynomial regression plot"},
+                                 {"frmPolynResPlot", "Standardized residuals plot"}};
+
 void DrawMarked(Plot& plot, const Sample& x, const Sample& y, const OutlierMarks& outliers) {
   plot.AddPoints(Select(x, y, outliers, false));
   if (outliers.count > 0) plot.AddPoints(Select(x, y, outliers, true), Mark::kCross);
@@ -211,7 +217,7 @@ void DrawMarked(Plot& plot, const Sample& x, const Sample& y, const OutlierMarks
 
 void DrawRegression(Run& run, const Results& results, const OrderedPairs& points) {
   constexpr int kCurvePoints = 100;
-  Plot& plot = run.AddPlot("frmPolynRegPlot", "Polynomial regression plot");
+  Plot& plot = run.AddPlot(kPlots[0]);
   plot.x.title = "X";
   plot.y.title = "Y";
   DrawMarked(plot, points.x, points.y, results.outliers);
@@ -232,7 +238,7 @@ void DrawRegression(Run& run, const Results& results, const OrderedPairs& points
 }
 
 void DrawResiduals(Run& run, const Results& results) {
-  Plot& plot = run.AddPlot("frmPolynResPlot", "Standardized residuals plot");
+  Plot& plot = run.AddPlot(kPlots[1]);
   plot.x.title = "Estimated Y ";
   plot.y.title = "Stand. residual";
   Sample z;
@@ -245,10 +251,11 @@ void DrawResiduals(Run& run, const Results& results) {
 void RunPolynomial(Run& run) {
   const Form& form = run.form;
   const OrderedPairs points = ReadPairs(run);
-  const Single limit = Number32(form, kLimit);
+  const int degree = TakeDegree(run, points);
+  const Single limit = form.WholeNumber32(kLimit);
   std::optional<Single> x;
-  if (!form.Blank(kXValue)) x = Number32(form, kXValue);
-  const Results results = Compute(run, points, limit);
+  if (!form.Blank(kXValue)) x = form.WholeNumber32(kXValue);
+  const Results results = Compute(run, points, degree, limit);
 
   run.sheet.Clear();
   WriteFit(run, results);
@@ -261,7 +268,6 @@ void RunPolynomial(Run& run) {
   DrawResiduals(run, results);
 }
 
-constexpr std::array<std::string_view, 2> kPlotWindows{"frmPolynRegPlot", "frmPolynResPlot"};
 constexpr std::array<PlotPicture, 2> kPictures{{
     {"frmPolynRegPlot", " Chart2D1.bmp", 350},
     {"frmPolynResPlot", " Chart2D1Res.bmp", 150},
@@ -274,7 +280,7 @@ constexpr Procedure kProcedures[] = {{
     .menu = {.back = "&Select Options"},
     .print_header = "/cPolynomial regression/rPage #/p/n",
     .plot_jobs = kPlotJobs,
-    .plot_windows = kPlotWindows,
+    .plot_windows = kPlots,
     .offers_tutorial = true,
     .failure = {.fault = "Error", .aftermath = Aftermath::kWindowNotShown},
     .run = RunPolynomial,

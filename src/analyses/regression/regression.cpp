@@ -10,8 +10,10 @@ CriticalValue TakeCriticalValue(const Form& form, const Field& field, const Rang
   const CriticalValue inside{range.min + fraction * (range.max - range.min)};
   if (form.Blank(field)) return inside;
   const Real given = form.Number32(field);
-  if (given < Single(range.min) || given > Single(range.max)) return inside;
-  return {given, true};
+  if (given >= Single(range.min) && given <= Single(range.max)) return {given, true};
+  form.Note(field, "; x goes from " + ShortestText(range.min) + " to " + ShortestText(range.max) +
+                       ", so its rows are left out");
+  return inside;
 }
 
 std::array<int, 4> ColumnNumbers(const Form& form) {
@@ -34,9 +36,10 @@ Pairs ReadPairs(Run& run) {
     data.measured = run.repeated->retained;
   } else {
     PairColumns columns = IsDuplicate(run.form) ? ReadPairDuplicate(run) : ReadPairSingle(run);
-    data.columns = columns.numbers;
+    data.columns = columns.ColumnNumbers();
     data.ids = std::move(columns.ids);
-    for (std::size_t i = 0; i < 4; ++i) data.measured[i] = ToNumbers(columns.values[i]);
+    std::ranges::transform(columns.columns, data.measured.begin(),
+                           [&](const Column& column) { return column.Numbers(run.notices); });
   }
   if (IsDuplicate(run.form)) {
     const auto& [x1, x2, y1, y2] = data.measured;

@@ -54,7 +54,13 @@ std::string WindowTitle(std::string_view analysis, const Form& form);
 
 // --- Windows
 
-inline constexpr std::array<std::string_view, 2> kPlotWindows{"frmXY1s", "frmRes1s"};
+inline constexpr std::string_view kResidualCaption = "Standardized residuals plot";
+
+// A method's plot of y against x, and that of its residuals.
+constexpr std::array<PlotWindow, 2> PlotsCaptioned(std::string_view xy_caption) {
+  return {{{"frmXY1s", xy_caption}, {"frmRes1s", kResidualCaption}}};
+}
+
 inline constexpr std::array<PlotPicture, 2> kPictures{{
     {"frmXY1s", " Chart2D1.bmp", 350},
     {"frmRes1s", " Chart2D1Res.bmp", 150},
@@ -64,7 +70,6 @@ inline constexpr std::array<PlotJob, 1> kPlotJobs{{{.pictures = kPictures}}};
 // A method's own procedure with what all of them have: the plots, and the words of a failure.
 constexpr Procedure Comparison(Procedure own) {
   own.plot_jobs = kPlotJobs;
-  own.plot_windows = kPlotWindows;
   own.failure = {.fault = "Error occurred", .second = "Error occurred"};
   return own;
 }

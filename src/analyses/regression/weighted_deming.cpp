@@ -91,6 +91,8 @@ void WriteWeighting(Run& run, const Weighting& weighting) {
   run.sheet.Row(10, "Truncation of weighting at lower limit =   ", Real(weighting.T));
 }
 
+constexpr auto kPlots = PlotsCaptioned("XY-plot Weighted Deming regression analysis");
+
 // --- The run
 
 // Looks at the single measurements.
@@ -129,15 +131,14 @@ void Analyse(Run& run, const Pairs& data, const Measurements& measured) {
   for (std::size_t i = 0; i < e.size(); ++i) q.push_back(Width(Sqrt(line->w[i]) * e[i]));
   run.sheet.Row(17, "SDy.x prop. factor (vertical)", ResidualSD(run, q));
   WriteRatio(run, *line, "  Estimated   SDax/SDay");
-  ReportDeming<Width>(run, {data, levels, *line, errors, e},
-                      "XY-plot Weighted Deming regression analysis");
+  ReportDeming<Width>(run, {data, levels, *line, errors, e}, kPlots);
 }
 
 void RunWeightedDeming(Run& run) {
   Pairs data = ReadPairs(run);
   RefuseNegativeOrZero(run, data);
   if (IsDuplicate(run.form)) {
-    Analyse(run, data, TakeDuplicate(data));
+    Analyse(run, data, TakeDuplicate(run, data));
   } else {
     const SingleMeasurements measured = TakeSingle(run.form, data);
     Analyse(run, data, measured);
@@ -150,6 +151,7 @@ constexpr Procedure MCstatF4s[] = {Comparison({
         [](const Form& form) { return WindowTitle("Weighted Deming Regression Analysis", form); },
     .menu = {.back = "&Selection of W. Deming  Reg. options"},
     .print_header = "/cWeighted Deming Regression/rPage #/p/n",
+    .plot_windows = kPlots,
     .run = RunWeightedDeming,
 })};
 

@@ -1,5 +1,5 @@
-// Weighted least-squares regression of y (test method) on x (reference method), for a measurement
-// error that grows with the concentration.
+// Weighted least-squares regression of y (test method) on x (reference method), where the
+// scatter widens with the concentration.
 //
 // Reads two columns, or four whose pairwise means are taken.  Writes rows 2 to 50 of the sheet and
 // two optional tables, and the plots frmXY1s and frmRes1s.  The analysis can be repeated without
@@ -58,6 +58,8 @@ constexpr Dialog MCstatF2so{
 };
 static_assert(WellFormed(MCstatF2so));
 
+constexpr auto kPlots = PlotsCaptioned("X-Y plot Weighted least-squares reg. analysis");
+
 // --- The run
 
 std::string_view Title(const Run& run) {
@@ -108,8 +110,7 @@ void RunWls(Run& run) {
   WriteSlope(run, 14, slope);
   run.sheet.Row(19, "  Weighted correlation coefficient", fit->rw, CorrelationPClass(df, fit->rw));
   const OutlierMarks outliers =
-      ReportLeastSquares(run, kRows, {data, levels, *fit, estimates, fit->w},
-                         "X-Y plot Weighted least-squares reg. analysis");
+      ReportLeastSquares(run, kRows, {data, levels, *fit, estimates, fit->w}, kPlots);
   KeepForReanalysis(run, data, outliers);
 }
 
@@ -121,6 +122,7 @@ constexpr Procedure MCstatF2s[] = {Comparison({
         },
     .menu = {.back = "&Selection of Weighted L.-S.  Reg. options"},
     .print_header = "/cWeighted Linear Regression/rPage #/p/n",
+    .plot_windows = kPlots,
     .run = RunWls,
 })};
 

@@ -16,11 +16,12 @@ static_assert(WellFormed(frmFormat));
 // Row by row: a word ends it, and the rows above the word stay formatted.
 void RunFormat(ToolRun& run) {
   const std::string& decimals = run.form.Text(kDecimals);
-  static_cast<void>(ToInt16(decimals));
+  static_cast<void>(run.form.Column(kDecimals));
   const int column = ColumnOf(run, kColumn);
-  const Texts cells = WalkColumn(run.worksheet, column);
-  for (int row = 1; const std::string& cell : cells)
-    run.worksheet.SetNumber(column, row++, ToNumber(cell), ToDecimals(decimals));
+  const Column cells = WalkColumn(run.notices, run.worksheet, column);
+  for (std::size_t i = 0; i < cells.values.size(); ++i)
+    run.worksheet.SetNumber(column, static_cast<int>(i) + 1, cells.Number(run.notices, i),
+                            ToDecimals(decimals));
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // Sorts one column in ascending order, or two columns together by the first of them.
+#include <array>
 #include <numeric>
 
 #include "app/tools/tool.h"
@@ -46,22 +47,23 @@ void RefuseTooFew(const ToolRun& run, std::size_t N) {
 
 void SortSingle(ToolRun& run) {
   const int column = ColumnOf(run, kColumn);
-  const Texts cells = WalkColumn(run.worksheet, column);
-  RefuseTooFew(run, cells.size());
-  const Sample values = ToNumbers(cells);
+  const Column cells = WalkColumn(run.notices, run.worksheet, column);
+  RefuseTooFew(run, cells.values.size());
+  const Sample values = cells.Numbers(run.notices);
   WriteInOrder(run, column, values, Order(values));
 }
 
 void SortPaired(ToolRun& run) {
   const int key_column = ColumnOf(run, kKeyColumn);
   const int second_column = ColumnOf(run, kSecondColumn);
-  const Texts key_cells = WalkColumn(run.worksheet, key_column);
-  const Texts second_cells = WalkColumn(run.worksheet, second_column);
-  if (key_cells.size() != second_cells.size())
+  const Column key_cells = WalkColumn(run.notices, run.worksheet, key_column);
+  const Column second_cells = WalkColumn(run.notices, run.worksheet, second_column);
+  NoteLengths(run.notices, LengthsOf(std::array{key_cells, second_cells}));
+  if (key_cells.values.size() != second_cells.values.size())
     run.Refuse("Unequal numbers of observations in paired cols: no sorting");
-  RefuseTooFew(run, key_cells.size());
-  const Sample keys = ToNumbers(key_cells);
-  const Sample seconds = ToNumbers(second_cells);
+  RefuseTooFew(run, key_cells.values.size());
+  const Sample keys = key_cells.Numbers(run.notices);
+  const Sample seconds = second_cells.Numbers(run.notices);
   const std::vector<std::size_t> order = Order(keys);
   WriteInOrder(run, key_column, keys, order);
   WriteInOrder(run, second_column, seconds, order);

@@ -17,9 +17,17 @@ const Tool* Find(Key key, Key Tool::*member) {
 
 int ColumnOf(const ToolRun& run, const Field& field) {
   const int column = run.form.Column(field);
-  if (column < 1 || column > Worksheet::kColumns)
+  if (column < 1 || column > Worksheet::kColumns) {
+    run.form.Note(field, "; the worksheet has the columns 1 to 500");
     run.Refuse(" Selected column no. < 1 or > 500: No analysis ");
+  }
   return column;
+}
+
+Outcome Execute(const Tool& tool, ToolRun& run) {
+  const Form::Listening listening(run.form, run.notices);
+  return Guard(run.messages, tool.failure,
+               [&] { NotingItsFault(run.notices, [&] { tool.run(run); }); });
 }
 
 std::span<const Tool* const> Tools() { return kTools; }

@@ -35,6 +35,9 @@ struct Tool {
 // Fault where the field holds none.
 int ColumnOf(const ToolRun& run, const Field& field);
 
+// The one place where a tool is run, guarded and ended.
+Outcome Execute(const Tool& tool, ToolRun& run);
+
 // In the order of the menu.
 std::span<const Tool* const> Tools();
 // The tool of this id, or behind this menu entry; null where there is none.

@@ -1,6 +1,5 @@
 // Replaces the numbers of one column by a function of them.
 #include "app/tools/tool.h"
-#include "core/conversion.h"
 #include "core/intake.h"
 
 namespace quorval {
@@ -44,7 +43,7 @@ constexpr Dialog frmTransform{
     .window = "frmTransform", .title = "Transform Data", .fields = kFields};
 static_assert(WellFormed(frmTransform));
 
-Real ConstantIn(const ToolRun& run, const Field& field) { return ToNumber(run.form.Text(field)); }
+Real ConstantIn(const ToolRun& run, const Field& field) { return run.form.WholeNumber(field); }
 
 // A refusal that a second box follows.
 [[noreturn]] void Fail(const ToolRun& run, std::string_view words) {
@@ -109,9 +108,10 @@ Sample Transformed(const ToolRun& run, const Sample& x) {
 }
 
 void RunTransform(ToolRun& run) {
-  const Column column = ReadColumn(run.messages, run.worksheet, run.form.Column(Text1));
+  const Column column =
+      ReadColumn(run.messages, run.notices, run.worksheet, run.form.Column(Text1));
   if (column.values.empty()) run.Refuse(" N < 1: No transformation ");
-  const Sample y = Transformed(run, ToNumbers(column.values));
+  const Sample y = Transformed(run, column.Numbers(run.notices));
   for (int row = 1; Real value : y) run.worksheet.SetValue(column.number, row++, value);
 }
 

@@ -86,7 +86,7 @@ TEST(ReferenceParametric, RefusesALimitFirstAndThenNonPositiveNumbers) {
     });
   for (const char* procedure : {"direct", "exponential", "exponential-modulus"}) {
     EXPECT_EQ(RunProcedure(from_zero, procedure).outcome, Outcome::kDone) << procedure;
-    for (const char* text : {"", "0", "-2", "four", "1e-50"})
+    for (const char* text : {"", "0", "-2", "four", "2,5", "2 SD", "1e-50"})
       ExpectRefused({{from_zero, {{"procedure", procedure}, {"outlier-limit", text}}, {limit}}});
   }
   EXPECT_EQ(RunReference(from_zero, {{"outlier-limit", "0"}}).outcome, Outcome::kDone);

@@ -28,6 +28,18 @@ inline Columns WithSixOutliers() {
   return {TextsOf(x), TextsOf(y)};
 }
 
+// The same points measured twice; the rows of the six lie further apart in y.
+inline Columns DuplicatesWithOutliers() {
+  const Columns once = WithSixOutliers();
+  std::vector<double> x2, y2;
+  for (std::size_t i = 0; i < once[0].size(); ++i) {
+    const Real apart = i % 3 == 0 ? 0.25 : -0.125;
+    y2.push_back(Raw(ToNumber(once[1][i]) + (i % 7 == 2 ? 5 * apart : apart)));
+    x2.push_back(std::stod(once[0][i] + (i % 2 == 0 ? ".1" : ".2")));
+  }
+  return {once[0], TextsOf(x2), once[1], TextsOf(y2)};
+}
+
 struct Number {
   int row, column;
   double value;
