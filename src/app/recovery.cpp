@@ -63,10 +63,10 @@ std::string CaptionOf(const fs::path& copy) {
   struct stat state {};
   std::tm parts{};
   if (stat(copy.c_str(), &state) != 0 || localtime_r(&state.st_mtime, &parts) == nullptr)
-    return "Work that was not saved";
+    return "Unsaved work";
   std::array<char, 32> text{};
   std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &parts);
-  return std::string("Work that was not saved on ") + text.data();
+  return std::string("Unsaved work of ") + text.data();
 }
 
 void WriteRecoveryCopy(const fs::path& folder, const Project& project) {

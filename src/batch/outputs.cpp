@@ -58,8 +58,10 @@ void WriteReport(std::span<const Plot> plots, const std::string& file, OpenAnaly
 
 }  // namespace
 
+bool IsStandardOutput(const std::string& file) { return file == "-" || file == "/dev/stdout"; }
+
 void WriteText(const std::string& text, const std::string& file) {
-  if (file == "-" || file == "/dev/stdout") {
+  if (IsStandardOutput(file)) {
     std::cout << text;
   } else if (IsStream(file)) {
     std::ofstream stream(file, std::ios::binary | std::ios::app);
@@ -117,7 +119,8 @@ void HandOut(const Outputs& outputs, Outcome outcome, OpenAnalysis& open, Workbe
   const std::span<const Plot> plots =
       open.results ? std::span<const Plot>(open.results->plots) : std::span<const Plot>{};
   const bool window_open = open.results && open.results->shown;
-  if (outputs.json != "-" && window_open) std::cout << SheetTable(open.results->sheet.grid());
+  if (!IsStandardOutput(outputs.json) && window_open)
+    std::cout << SheetTable(open.results->sheet.grid());
   if (window_open && !outputs.save.empty())
     WriteResultsFile(outputs.save, open.results->sheet.grid());
   if (window_open && !outputs.export_results.empty())

@@ -30,7 +30,11 @@ void AddOutputs(CLI::App& command, Outputs& outputs);
 CLI::Option* AddFileOption(CLI::App& command, const std::string& option, std::string& file,
                            const std::string& help, const std::string& type = "FILE");
 
-// "-" is standard output.  Throws Unusable where the file cannot be written.
+// "-", and its name as a device.
+bool IsStandardOutput(const std::string& file);
+
+// To standard output, to a stream that the program was given open, or as a file that replaces an
+// older one.  Throws Unusable where it cannot be written.
 void WriteText(const std::string& text, const std::string& file);
 
 // Calls `write`.  Throws Unusable, which names the file and the reason, where that throws a

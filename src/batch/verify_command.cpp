@@ -46,7 +46,7 @@ ExitStatus RunVerification(const VerifyOptions& options) {
   const Verification verification =
       Verify(options.data.empty() ? VerificationFolder() : std::filesystem::path(options.data));
   const Grid sheet = VerificationSheet(verification);
-  if (options.json != "-") std::cout << SheetTable(sheet);
+  if (!IsStandardOutput(options.json)) std::cout << SheetTable(sheet);
   if (!options.json.empty()) WriteText(JsonText(VerificationJson(verification)), options.json);
   const PrintJob pages = VerificationPages(sheet);
   if (pictures) WriteFile(options.report, [&] { pictures->Print({&pages, 1}, options.report); });

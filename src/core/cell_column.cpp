@@ -61,7 +61,8 @@ CellLook CellColumn::LookAt(std::size_t row, const LookTable& looks) const {
 }
 
 CellColumn::Packed& CellColumn::Slot(std::size_t row) {
-  if (row >= cells_.size()) cells_.resize(row + 1);
+  if (row == cells_.size()) return cells_.emplace_back();  // the usual way of a column to grow
+  if (row > cells_.size()) cells_.resize(row + 1);
   return cells_[row];
 }
 

@@ -32,8 +32,9 @@ void BringForward(QWidget& window) {
 
 void MoveTo(QWidget& window, QWidget* parent) {
   const QRect place = window.geometry();
+  const bool placed = window.isVisible();  // else the desktop finds it a place
   window.setParent(parent, Qt::Window);
-  window.setGeometry(place);
+  if (placed) window.setGeometry(place);
 }
 
 }  // namespace

@@ -25,6 +25,7 @@ constexpr QSize kSize(520, 300);
 constexpr QRect kPlot(40, 130, 440, 140);
 constexpr int kMostOffers = 4;  // the others come at the next start
 constexpr int kOfferMargin = 16;
+constexpr QColor kInk(0x18, 0x38, 0x60);
 
 // Places in the decorative plot, in hundredths of its width and height.
 constexpr std::array<QPoint, 16> kPoints{{
@@ -91,6 +92,9 @@ void StartWindow::Offer(const std::vector<std::filesystem::path>& copies) {
 void StartWindow::MakeOffer(const std::filesystem::path& copy, QVBoxLayout& lines) {
   auto* const offer = new QWidget;
   auto* const label = new QLabel(ToQt(CaptionOf(copy)));
+  QPalette ink = label->palette();
+  ink.setColor(QPalette::WindowText, kInk);  // the paper is light, whatever the desktop's colours
+  label->setPalette(ink);
   auto* const recover = new QPushButton("Recover");
   auto* const discard = new QPushButton("Discard");
   recover->setObjectName("recover");
@@ -129,7 +133,7 @@ void StartWindow::paintEvent(QPaintEvent*) {
   painter.setPen(QColor(0x80, 0x90, 0xA0));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
   QFont font = painter.font();
-  painter.setPen(QColor(0x18, 0x38, 0x60));
+  painter.setPen(kInk);
   font.setPixelSize(38);
   font.setBold(true);
   painter.setFont(font);

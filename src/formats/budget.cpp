@@ -28,11 +28,6 @@ std::uint64_t Grown(std::uint64_t amount, std::uint64_t file_size, std::uint64_t
   return std::min(most, file_size / 1000 * amount / (limits::kSmallFile / 1000));
 }
 
-void CheckLength(const std::string& text, std::uint64_t more) {
-  if (more > limits::kLongestText - std::min(text.size(), limits::kLongestText))
-    throw FileError("the file holds a text of more than 1 MiB");
-}
-
 }  // namespace
 
 void Allowance::Refuse() const {
@@ -47,14 +42,6 @@ Budget::Budget(std::uint64_t file_size)
 
 Budget::Budget(const fs::path& path) : Budget(SizeOf(path)) {}
 
-void AppendTo(std::string& text, std::string_view more) {
-  CheckLength(text, more.size());
-  text += more;
-}
-
-void AppendTo(std::string& text, std::uint64_t count, char character) {
-  CheckLength(text, count);
-  text.append(count, character);
-}
+void RefuseLongText() { throw FileError("the file holds a text of more than 1 MiB"); }
 
 }  // namespace quorval

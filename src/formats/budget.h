@@ -79,8 +79,16 @@ struct Budget {
   Allowance text;
 };
 
+[[noreturn]] void RefuseLongText();
+
 // Adds to a text that a file hands out in pieces.  Throws a FileError of one that grows too long.
-void AppendTo(std::string& text, std::string_view more);
-void AppendTo(std::string& text, std::uint64_t count, char character);
+inline void AppendTo(std::string& text, std::string_view more) {
+  if (more.size() > limits::kLongestText - text.size()) RefuseLongText();
+  text += more;
+}
+inline void AppendTo(std::string& text, std::uint64_t count, char character) {
+  if (count > limits::kLongestText - text.size()) RefuseLongText();
+  text.append(count, character);
+}
 
 }  // namespace quorval

@@ -53,9 +53,9 @@ constexpr Loss kLosses[] = {
     {"colours", "Colours are left out of the file", HasColour},
     {"pictures", "Pictures are left out of the file", HasPicture},
     {"characters", "What is no text became U+FFFD in the file", IsNoText},
-    {"length", "Texts are longer than the 32767 characters that spreadsheet programs take",
+    {"long-text", "Texts are longer than the 32767 characters that spreadsheet programs take",
      IsTooLong},
-    {"size", "Numbers are beyond those of spreadsheet programs, 2.3e-308 to 9.99e307",
+    {"number-range", "Numbers are beyond those of spreadsheet programs, 2.3e-308 to 9.99e307",
      IsOutOfRange},
 };
 

@@ -11,7 +11,7 @@ std::string WordsOf(int error_number) {
     case EDQUOT:
       return "the disk is full";
     case EFBIG:
-      return "the file is larger than may be written here";
+      return "the file is larger than the disk takes";
     case EROFS:
       return "the disk is read-only";
     case EACCES:

@@ -12,10 +12,9 @@ namespace quorval {
 // type cannot hold.
 template <class Number>
 std::optional<Number> NumberIn(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == text.npos) return std::nullopt;
-  text = text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+  constexpr auto is_blank = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+  while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && is_blank(text.back())) text.remove_suffix(1);
   if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
   Number number{};
   const auto parsed = std::from_chars(text.data(), text.data() + text.size(), number);

@@ -220,8 +220,8 @@ SavedGrid ReadCells(const Database& database, Budget& budget) {
     if (has_value) {
       cell.value = Raw(Real(NumberIn(read, 3)));
     } else if (has_text) {
-      budget.text.Take(TextIn(read, 2).size());
       cell.text = TextIn(read, 2);
+      budget.text.Take(cell.text.size());
     }
     if (!read.IsNull(5)) cell.picture = Known(pictures, WholeIn(read, 5));
     if (has_text || has_value || cell.picture) saved.rows = std::max(saved.rows, row);

@@ -3,6 +3,7 @@
 #include <csv.h>
 #include <utf8.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -21,6 +22,11 @@ std::string InRow(std::string_view what, int row) {
   return std::string(what) + " in row " + std::to_string(row) + " (the first row is row 0)";
 }
 
+// ASCII without NUL, as nearly all values are.
+bool IsPlain(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return static_cast<signed char>(c) > 0; });
+}
+
 // Writes the values into a worksheet as the parser meets them.  The parser is a C library: nothing
 // may be thrown through it, so the first error is kept until it returns.
 class Table {
@@ -29,8 +35,10 @@ class Table {
     ++column_;
     row_begun_ = true;
     if (value.empty() || !error_.empty()) return;
-    if (value.find('\0') != value.npos) return Fail("a NUL byte");
-    if (!utf8::is_valid(value.begin(), value.end())) return Fail("text that is not UTF-8");
+    if (!IsPlain(value)) {
+      if (value.find('\0') != value.npos) return Fail("a NUL byte");
+      if (!utf8::is_valid(value.begin(), value.end())) return Fail("text that is not UTF-8");
+    }
     if (row_ > Worksheet::kLastRow) return Fail("more than 10000 rows: a value");
     if (column_ > Worksheet::kColumns) return Fail("more than 500 columns: a value");
     worksheet_.SetText(column_, row_, value);

@@ -1,3 +1,4 @@
+#include <charconv>
 #include <map>
 #include <memory>
 
@@ -190,9 +191,12 @@ std::optional<std::pair<int, int>> PlaceIn(std::string_view reference) {
     column = 26 * column + (reference[i] - 'A' + 1);
     if (column > kMostColumns) return std::nullopt;
   }
-  const auto row = NumberIn<int>(reference.substr(i));
-  if (column == 0 || !row || *row < 1 || *row > kMostRows) return std::nullopt;
-  return std::pair{column, *row};
+  int row = 0;
+  const char* const end = reference.data() + reference.size();
+  const auto parsed = std::from_chars(reference.data() + i, end, row);
+  if (parsed.ec != std::errc{} || parsed.ptr != end) return std::nullopt;
+  if (column == 0 || row < 1 || row > kMostRows) return std::nullopt;
+  return std::pair{column, row};
 }
 
 class SheetReader {

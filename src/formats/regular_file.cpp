@@ -1,5 +1,7 @@
 #include "formats/regular_file.h"
 
+#include <cerrno>
+
 #include "formats/file_error.h"
 
 namespace quorval {
@@ -11,7 +13,7 @@ void RequireRegularFile(const std::filesystem::path& path) {
     case std::filesystem::file_type::regular:
       return;
     case std::filesystem::file_type::not_found:
-      throw FileError("No such file or directory");
+      throw FileError(WordsOf(ENOENT));
     case std::filesystem::file_type::directory:
       throw FileError("it is a folder");
     case std::filesystem::file_type::none:

@@ -35,10 +35,13 @@ inline std::string WordsOf(sqlite3* database, int code) {
       return "damaged";
     case SQLITE_FULL:
       return "the disk is full";
-    default:  // the number is that of a failed opening, reading or writing; else 0
-      const int error_number = sqlite3_system_errno(database);
-      return error_number != 0 ? quorval::WordsOf(error_number) : sqlite3_errmsg(database);
+    default:
+      break;
   }
+  // That of a failed opening, reading or writing, where the library has kept it.
+  if (const int number = sqlite3_system_errno(database)) return quorval::WordsOf(number);
+  if ((code & 0xFF) == SQLITE_IOERR) return "the disk is full or cannot be written";
+  return sqlite3_errmsg(database);
 }
 
 inline void Check(sqlite3* database, int code) {

@@ -43,8 +43,7 @@ void RefuseBadReferences(std::string_view text) {
     // From the tag that this text follows, which it need not be long behind.
     const std::size_t begin = std::max(checked, text.rfind('<', at) + 1);
     checked = std::min(text.find('<', at), text.size());
-    if (checked - begin > limits::kLongestText)
-      throw FileError("the file holds a text of more than 1 MiB");
+    if (checked - begin > limits::kLongestText) RefuseLongText();
   }
 }
 

@@ -27,7 +27,7 @@ class Attributes {
   void Add(std::string_view name, std::string_view value, bool transient);
   void Clear() {
     all_.clear();
-    kept_.clear();
+    if (!kept_.empty()) kept_.clear();
   }
 
  private:

@@ -5,6 +5,7 @@
 #include "analyses/registry.h"
 #include "app/examples.h"
 #include "app/workbench.h"
+#include "core/file_name.h"
 #include "formats/worksheet_file.h"
 #include "support/scripted_platform.h"
 #include "support/temporary_folder.h"
@@ -106,7 +107,8 @@ TEST_F(ProjectFilesTest, ComesBackWithItsNameAndNote) {
   EXPECT_EQ(save.proposed_name, "Glucose");
   const FileQuestion& open = platform.file_questions[1];
   EXPECT_EQ(open.title, "Open");
-  EXPECT_THAT(open.filters, ElementsAre("Quorval project file (*.qvl)|*.qvl"));
+  EXPECT_THAT(open.filters, ElementsAre("Quorval project files (*.qvl *.ss6)|*.qvl;*.ss6",
+                                        "Quorval project file (*.qvl)|*.qvl", "All files (*)|*"));
 }
 
 TEST_F(ProjectFilesTest, SaveWritesToTheProjectsFile) {
@@ -209,7 +211,9 @@ TEST_F(ProjectFilesTest, ExportAndImport) {
   EXPECT_EQ(platform.file_questions[0].title, "Open");
   EXPECT_EQ(platform.file_questions[0].filters.front(), "Excel file (*.xls)|*.xls");
   EXPECT_EQ(platform.file_questions[0].proposed_name, "Project 1");
-  EXPECT_EQ(platform.file_questions[1].filters.front(), "Import file (*.xls)|*.xls");
+  EXPECT_EQ(FilterFrom(platform.file_questions[1].filters[0]).patterns,
+            "*.xls;*.xlsx;*.ods;*.csv;*.tsv");
+  EXPECT_EQ(platform.file_questions[1].filters[1], "Import file (*.xls)|*.xls");
 }
 
 TEST_F(ProjectFilesTest, AnExportBeyondTheFormatLeavesNoFile) {

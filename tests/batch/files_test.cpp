@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <cstdlib>
 
@@ -74,6 +75,41 @@ TEST(Convert, SaysWhatCannotBeUsed) {
     EXPECT_THAT(ended.err, HasSubstr(one.words));
   }
   EXPECT_EQ(folder.Count(), 2u);
+}
+
+TEST(Convert, TellsWhatAFileLeavesOutAndMakesTextsSafe) {
+  const TemporaryFolder folder;
+  WriteBytes(folder / "a.csv", "=1+1,-2\n");
+  ASSERT_EQ(RunProgram({"convert", "--safe-texts", folder / "a.csv", folder / "b.csv"}).status, 0);
+  EXPECT_EQ(BytesOf(folder / "b.csv"), "'=1+1,-2\n");
+  WriteBytes(folder / "long.csv", std::string(32768, 'x'));
+  const Ended ended = RunProgram({"convert", folder / "long.csv", folder / "long.xlsx"});
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.err,
+            "note: Texts are longer than the 32767 characters that spreadsheet programs take: "
+            "1 cell, A1\n");
+}
+
+// "-" and the device are the same; a stream is written to, a pipe with a name is refused.
+TEST(Run, WritesItsJsonToStreams) {
+  const TemporaryFolder folder;
+  const Arguments run = {"run", "ols", "--demo", "XY Regression Single", "--json"};
+  const auto to = [&](const std::string& file) {
+    Arguments arguments = run;
+    arguments.push_back(file);
+    return RunProgram(arguments);
+  };
+  const std::string json = to("-").out;
+  EXPECT_EQ(to("/dev/stdout").out, json);
+  EXPECT_EQ(to("/dev/stderr").err, json);
+  EXPECT_EQ(to("/dev/fd/2").err, json);
+  EXPECT_EQ(to("/dev/null").status, 0);
+  mkfifo((folder / "pipe").c_str(), 0600);
+  for (const std::string& file : {(folder / "pipe").string(), std::string("/dev/full")}) {
+    const Ended ended = to(file);
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_THAT(ended.err, HasSubstr("pipe or a device"));
+  }
 }
 
 TEST(Data, SavesWhatAToolChanged) {

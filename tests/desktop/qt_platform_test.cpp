@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
+#include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
@@ -26,7 +27,7 @@ class QtPlatformTest : public testing::Test {
   QtPlatformTest() {
     QCoreApplication::setOrganizationName("Quorval");
     QCoreApplication::setApplicationName("Quorval");
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, directory.path());
+    qputenv("XDG_CONFIG_HOME", directory.path().toUtf8());
   }
 
   // Answers the next message box by a key or a button once it is shown.
@@ -117,9 +118,10 @@ TEST_F(QtPlatformTest, KeepsSettings) {
   EXPECT_EQ(platform.Setting("MainLeft"), std::nullopt);
   platform.SetSetting("MainLeft", -60);
   EXPECT_EQ(QtPlatform(folder).Setting("MainLeft"), -60);
-  QSettings settings;
-  settings.beginGroup("Settings");
-  EXPECT_EQ(settings.value("MainLeft").toInt(), -60);
+  const QSettings file(directory.filePath("Quorval/Quorval.conf"), QSettings::IniFormat);
+  EXPECT_EQ(file.value("Settings/MainLeft").toInt(), -60);
+  EXPECT_EQ(QDir(directory.path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries),
+            QStringList{"Quorval"});
 }
 
 TEST_F(QtPlatformTest, HasNoHelpWithoutItsFiles) {

@@ -178,7 +178,7 @@ struct Hostile {
 
 TEST(ProjectFile, TrustsNothingInAFile) {
   const Hostile kFiles[] = {
-      {"PRAGMA application_id = 1", "no project file"},
+      {"PRAGMA application_id = 1", "not a project"},
       {"PRAGMA user_version = 2", "version"},
       {"DROP TABLE picture", "tables"},
       {"CREATE VIEW more AS SELECT 1", "tables"},

@@ -44,10 +44,10 @@ TEST(ReplacedFile, RefusesWhatIsProtectedOrNoFile) {
   } cases[] = {{"read-only", "read-only"},
                {"pipe", "pipe or a device"},
                {"device", "pipe or a device"},
-               {"circle", "symbolic links"},
+               {"circle", "leads in a circle"},
                {"folder", "folder"},
-               {"none/a", "No such file or directory"},
-               {"read-only/a", "Not a directory"},
+               {"none/a", "no such file or folder"},
+               {"read-only/a", "a file that is no folder"},
                {"none/", "no name"}};
   for (const auto& one : cases)
     EXPECT_THAT(WhyNotReplaced(folder / one.name), HasSubstr(one.why)) << one.name;

@@ -140,11 +140,91 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"an unknown extension", "a.dat", "x\n1\n", "none of .xls .xlsx .ods .csv"},
         Refused{"no extension", "csv", "x\n1\n", "extension"}));
 
+// --- What is written
+
+TEST(WriteGrid, MakesTextsSafeWhereWanted) {
+  const TemporaryFolder folder;
+  Grid grid(500, 10000);
+  const char* const texts[] = {"=1+1", "+A1",    "-n.d.", "@SUM(A1)",
+                               "-5",   "+3.2e1", "a=b",   "=\"x,y\""};
+  int row = 0;
+  for (const char* text : texts) grid.SetText(1, ++row, text);
+  grid.SetValue(1, ++row, -7.5);
+  const struct {
+    const char* file;
+    ExportOptions options;
+    const char* bytes;
+  } cases[] = {
+      {"a.csv", {}, "=1+1\n+A1\n-n.d.\n@SUM(A1)\n-5\n+3.2e1\na=b\n\"=\"\"x,y\"\"\"\n-7.5\n"},
+      {"a.csv",
+       {.safe_texts = true},
+       "'=1+1\n'+A1\n'-n.d.\n'@SUM(A1)\n-5\n+3.2e1\na=b\n\"'=\"\"x,y\"\"\"\n-7.5\n"},
+      {"a.tsv",
+       {.safe_texts = true},
+       "'=1+1\n'+A1\n'-n.d.\n'@SUM(A1)\n-5\n+3.2e1\na=b\n\"'=\"\"x,y\"\"\"\n-7.5\n"},
+  };
+  for (const auto& one : cases) {
+    ASSERT_EQ(WriteGrid(folder / one.file, grid, one.options), std::nullopt);
+    EXPECT_EQ(test::BytesOf(folder / one.file), one.bytes);
+  }
+}
+
+// What a project of another program's making may hold and no reader takes for text.
+TEST(WriteGrid, ReplacesWhatIsNoText) {
+  const TemporaryFolder folder;
+  Grid grid(500, 10000);
+  grid.SetText(1, 1, "\xEF\xBB\xBFmark");
+  grid.SetText(2, 1, "a\0b"s);
+  grid.SetText(3, 1, "\xB5g");
+  for (const char* file : {"a.csv", "a.xlsx", "a.xls"}) {
+    Worksheet read;
+    ASSERT_EQ(WriteGrid(folder / file, grid), std::nullopt);
+    ASSERT_EQ(ReadWorksheet(folder / file, read), std::nullopt);
+    EXPECT_EQ(read.Text(1, 0), "\xEF\xBB\xBFmark") << file;
+    EXPECT_EQ(read.Text(2, 0), file == "a.csv"s ? "a\xEF\xBF\xBD"
+                                                  "b"
+                                                : "a\0b"s)
+        << file;
+    EXPECT_EQ(read.Text(3, 0), "\xEF\xBF\xBDg") << file;
+  }
+}
+
+TEST(LossesOf, TellsWhatAFileDoesNotHold) {
+  Worksheet worksheet;
+  Grid& grid = worksheet.grid();
+  grid.SetText(1, 1, "x");  // in the grey of the titles, which is no loss
+  grid.SetValue(1, 2, 9.99e307);
+  EXPECT_THAT(LossesOf("a.xlsx", grid), testing::IsEmpty());
+  grid.Edit(2, 3).look.colour = 0xFF0000;
+  grid.Edit(28, 2).look.colour = 0x00FF00;
+  grid.Edit(3, 4).picture = std::make_shared<const std::string>("PNG");
+  grid.SetText(4, 5, "a\0"s);
+  grid.SetText(4, 6, "\xFF");
+  grid.SetText(5, 1, Repeated("\xC2\xB5", 32767));
+  grid.SetText(5, 2, Repeated("\xF0\x9F\xA7\xAA", 16384));
+  grid.SetValue(6, 7, 1e308);
+  grid.SetValue(6, 8, -5e-324);
+  const auto words = [&](const char* file) {
+    std::vector<std::string> told;
+    for (const Notice& notice : LossesOf(file, grid))
+      told.push_back(std::string(notice.kind) + ": " +
+                     notice.text.substr(notice.text.rfind(": ") + 2));
+    return told;
+  };
+  EXPECT_THAT(words("a.xls"),
+              testing::ElementsAre("colours: 2 cells, the first is B3", "pictures: 1 cell, C4",
+                                   "characters: 1 cell, D6", "long-text: 1 cell, E2",
+                                   "number-range: 2 cells, the first is F7"));
+  EXPECT_THAT(words("A.CSV"), testing::ElementsAre(
+                                  "colours: 2 cells, the first is B3", "pictures: 1 cell, C4",
+                                  "characters: 2 cells, the first is D5", "long-text: 1 cell, E2"));
+}
+
 TEST(ReadWorksheet, RefusesWhatIsNoFile) {
   const TemporaryFolder folder;
   Worksheet worksheet;
   EXPECT_THAT(ReadWorksheet(folder / "none.csv", worksheet).value_or("read"),
-              HasSubstr("none.csv: No such file"));
+              HasSubstr("none.csv: there is no such file"));
   std::filesystem::create_directory(folder / "folder.csv");
   EXPECT_THAT(ReadWorksheet(folder / "folder.csv", worksheet).value_or("read"),
               HasSubstr("folder.csv: "));

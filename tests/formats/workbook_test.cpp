@@ -28,7 +28,7 @@ Grid Mixed() {
   grid.SetText(2, 1, "Größe µg/L € \xF0\x9F\xA7\xAA");
   grid.SetText(1, 2, "  007");
   grid.SetText(1, 3, "<a href=\"x\">&amp;\n,\t\"q\"");
-  grid.SetText(1, 4, "_x0041_");
+  grid.SetText(1, 4, "_x0041_\xEF\xBF\xBE\xEF\xBF\xBF");  // U+FFFE and U+FFFF are none of XML
   grid.SetText(1, 5, std::string(32767, 'x'));
   grid.SetValue(2, 2, 0.1 + 0.2);
   grid.SetValue(2, 3, -5e-324);

@@ -25,7 +25,8 @@ void MergeSort(std::vector<Keyed>& points, Visit&& visit) {
       const std::size_t middle = std::min(first + width, points.size());
       const std::size_t end = std::min(first + 2 * width, points.size());
       std::size_t right = middle;
-      while (left < middle && right < end) {
+      const bool in_order = middle == end || !(points[middle].key < points[middle - 1].key);
+      while (!in_order && left < middle && right < end) {
         if (points[right].key < points[left].key) {
           visit(std::span(points).subspan(left, middle - left), points[right]);
           merged[to++] = points[right++];
@@ -72,6 +73,8 @@ PairSlopes::PairSlopes(std::span<const Real> x, std::span<const Real> y) {
     count_ += static_cast<std::int64_t>(i) - same;
     if (i > 0 && same == 0) least_step = std::min(least_step, x_[i] - x_[i - 1]);
   }
+  by_x_.t = -kInfinity;
+  for (std::uint32_t i = 0; i < x_.size(); ++i) by_x_.points.push_back({0, i});
   steepest_ = 2 * largest_y_ / least_step * (1 + 1e-9);
   if (steepest_ == kInfinity) ForEach([](double slope) { static_cast<void>(Real(slope)); });
 }
@@ -85,35 +88,47 @@ void PairSlopes::ForEach(Visit&& visit) const {
 
 // --- Orders of the points
 
+const PairSlopes::Order& PairSlopes::NearestOrder(double t) const {
+  const Order* nearest = &by_x_;
+  for (const KnownOrder& order : known_)
+    if (std::fabs(order->t - t) < std::fabs(nearest->t - t)) nearest = order.get();
+  return *nearest;
+}
+
 // None where the order is in doubt: below `doubt` rounding errors of the keys, or of the slopes,
 // may decide which of two points comes first.
-std::optional<PairSlopes::Order> PairSlopes::OrderAt(double t) const {
+PairSlopes::KnownOrder PairSlopes::OrderAt(double t) {
   constexpr double kLeastSlope = 1e-290;  // far from where a quotient underflows
+  constexpr std::size_t kMostKnown = 64;
   const double doubt =
       std::numeric_limits<double>::epsilon() * (4 * largest_y_ + 16 * std::fabs(t) * largest_x_);
-  if (!(std::fabs(t) > kLeastSlope) || !(doubt < kInfinity)) return std::nullopt;
-  Order order{.t = t};
-  for (std::uint32_t i = 0; i < x_.size(); ++i) order.points.push_back({y_[i] - t * x_[i], i});
+  if (!(std::fabs(t) > kLeastSlope) || !(doubt < kInfinity)) return nullptr;
+  const Order& from = NearestOrder(t);
+  Order order{.t = t, .points = from.points};
+  for (auto& [key, point] : order.points) key = y_[point] - t * x_[point];
+  std::int64_t between = 0;
   MergeSort(order.points, [&](std::span<const Keyed> passed, const Keyed&) {
-    order.below += static_cast<std::int64_t>(passed.size());
+    between += static_cast<std::int64_t>(passed.size());
   });
+  order.below = from.t < t ? from.below + between : from.below - between;
   for (std::size_t k = 1; k < order.points.size(); ++k) {
     const auto& [key_a, a] = order.points[k - 1];
     const auto& [key_b, b] = order.points[k];
-    if (key_b - key_a <= doubt && x_[a] != x_[b]) return std::nullopt;
+    if (key_b - key_a <= doubt && x_[a] != x_[b]) return nullptr;
   }
-  return order;
+  if (known_.size() == kMostKnown) known_.pop_front();
+  return known_.emplace_back(std::make_shared<const Order>(std::move(order)));
 }
 
 // The order at t, or a few growing steps away from it.
-std::optional<PairSlopes::Order> PairSlopes::OrderNear(double t, double step) const {
+PairSlopes::KnownOrder PairSlopes::OrderNear(double t, double step) {
   constexpr int kMostTries = 6;
   for (int tries = 0; tries < kMostTries; ++tries) {
     if (auto order = OrderAt(t)) return order;
     t += step;
     step *= 16;
   }
-  return std::nullopt;
+  return nullptr;
 }
 
 template <class Visit>
@@ -141,8 +156,8 @@ PairSlopes::Place PairSlopes::PlaceOf(double t) {
   }
   constexpr double kHair = 0x1p-30;
   const double step = kHair * std::max(std::fabs(t), steepest_ > 0 ? std::min(steepest_, 1.0) : 1);
-  const auto lo = count_ > kGathered ? OrderNear(t - step, -step) : std::nullopt;
-  const auto hi = lo ? OrderNear(t + step, step) : std::nullopt;
+  const auto lo = count_ > kGathered ? OrderNear(t - step, -step) : nullptr;
+  const auto hi = lo ? OrderNear(t + step, step) : nullptr;
   if (hi) {
     place.below = lo->below;
     ForEachBetween(*lo, *hi, look);
@@ -196,26 +211,36 @@ std::pair<double, double> PairSlopes::SampledBracket(std::int64_t rank) {
           high >= kSampled ? 2 * steepest_ + 1 : sample_[static_cast<std::size_t>(high)]};
 }
 
+// The nearest known orders on either side of the rank's slope, where they are nearer than lo and
+// hi.
+void PairSlopes::Tighten(KnownOrder& lo, KnownOrder& hi, std::int64_t rank) const {
+  for (const KnownOrder& order : known_) {
+    const bool below = order->below < rank;
+    if (below && (!lo || order->t > lo->t)) lo = order;
+    if (!below && (!hi || order->t < hi->t)) hi = order;
+  }
+}
+
 // Brings lo and hi nearer to the rank's slope until not too many are between; false where an order
 // cannot be had, or equal slopes keep too many there.
-bool PairSlopes::Narrow(Order& lo, Order& hi, std::int64_t rank) const {
+bool PairSlopes::Narrow(KnownOrder& lo, KnownOrder& hi, std::int64_t rank) {
   constexpr double kLeastMargin = 0.02;
   double margin = kLeastMargin;
-  for (std::int64_t between = hi.below - lo.below; between > kGathered;) {
-    const double start = lo.t, width = hi.t - lo.t;
-    const double part = static_cast<double>(rank - lo.below) / static_cast<double>(between);
+  for (std::int64_t between = hi->below - lo->below; between > kGathered;) {
+    const double start = lo->t, width = hi->t - lo->t;
+    const double part = static_cast<double>(rank - lo->below) / static_cast<double>(between);
     bool from_below = false, from_above = false;
     for (double at : {part - margin, part + margin}) {
       const double t = start + at * width;
-      if (t <= lo.t || t >= hi.t) continue;
+      if (t <= lo->t || t >= hi->t) continue;
       auto order = OrderNear(t, width * 0x1p-20);
-      if (!order || order->t >= hi.t) return hi.below - lo.below <= kMostGathered;
+      if (!order || order->t >= hi->t) return hi->below - lo->below <= kMostGathered;
       const bool below = order->below < rank;
       (below ? from_below : from_above) = true;
-      (below ? lo : hi) = std::move(*order);
+      (below ? lo : hi) = std::move(order);
     }
     margin = from_below && from_above ? kLeastMargin : std::min(2 * margin, 0.45);
-    const std::int64_t left = hi.below - lo.below;
+    const std::int64_t left = hi->below - lo->below;
     const bool stuck = left > between - between / 10;
     if (stuck && left <= kMostGathered) return true;
     between = left;
@@ -225,20 +250,25 @@ bool PairSlopes::Narrow(Order& lo, Order& hi, std::int64_t rank) const {
 
 // None where rounding errors leave the order of the points in doubt.
 std::optional<PairSlopes::Window> PairSlopes::WindowAround(std::int64_t rank) {
+  constexpr std::int64_t kWide = 4 * kGathered;  // a sample tells more
   if (count_ <= kGathered) {
     Window all{.lo = -kInfinity, .hi = kInfinity, .below = 0};
     all.slopes.reserve(static_cast<std::size_t>(count_));
     ForEach([&](double slope) { all.slopes.push_back(slope); });
     return all;
   }
-  const auto [from, to] = SampledBracket(rank);
-  const double step = (std::fabs(from) + std::fabs(to)) * 0x1p-30;
-  auto lo = OrderNear(from - step, -step);
-  if (!lo || lo->below >= rank) lo = OrderNear(-2 * steepest_ - 1, -1);
-  auto hi = OrderNear(to + step, step);
-  if (!hi || hi->below < rank) hi = OrderNear(2 * steepest_ + 1, 1);
-  if (!lo || !hi || lo->below >= rank || hi->below < rank || !Narrow(*lo, *hi, rank))
-    return std::nullopt;
+  KnownOrder lo, hi;
+  Tighten(lo, hi, rank);
+  if (!lo || !hi || hi->below - lo->below > kWide) {
+    const auto [from, to] = SampledBracket(rank);
+    const double step = (std::fabs(from) + std::fabs(to)) * 0x1p-30;
+    OrderNear(from - step, -step);
+    OrderNear(to + step, step);
+    Tighten(lo, hi, rank);
+  }
+  if (!lo && (lo = OrderNear(-2 * steepest_ - 1, -1)) && lo->below >= rank) return std::nullopt;
+  if (!hi && (hi = OrderNear(2 * steepest_ + 1, 1)) && hi->below < rank) return std::nullopt;
+  if (!lo || !hi || !Narrow(lo, hi, rank)) return std::nullopt;
   Window window{.lo = lo->t, .hi = hi->t, .below = lo->below};
   ForEachBetween(*lo, *hi, [&](double slope) { window.slopes.push_back(slope); });
   return window;

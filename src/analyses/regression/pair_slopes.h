@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
+#include <memory>
 #include <optional>
 #include <span>
 #include <utility>
@@ -16,7 +18,8 @@ namespace quorval::regression {
 //
 // Ordered by y - t x instead of by x, exactly those pairs of points change places whose slope is
 // below t (the dual of the plane), so a merge sort counts them, and a merge sort from the order at
-// one t to that at another meets the pairs between.  Rounding errors could only matter for points
+// one t to that at another meets the pairs between.  That is quick where the two are near, so every
+// order is made from the nearest one that is known.  Rounding errors could only matter for points
 // that are neighbours in the order and nearly tied: where there are such, another t is taken, and
 // if that does not help, all pairs are gone through.
 class PairSlopes {
@@ -65,10 +68,14 @@ class PairSlopes {
   template <class Visit>
   void ForEachBetween(const Order& lo, const Order& hi, Visit&& visit) const;
 
-  std::optional<Order> OrderAt(double t) const;
-  std::optional<Order> OrderNear(double t, double step) const;
+  using KnownOrder = std::shared_ptr<const Order>;
+
+  const Order& NearestOrder(double t) const;
+  KnownOrder OrderAt(double t);
+  KnownOrder OrderNear(double t, double step);
   std::pair<double, double> SampledBracket(std::int64_t rank);
-  bool Narrow(Order& lo, Order& hi, std::int64_t rank) const;
+  void Tighten(KnownOrder& lo, KnownOrder& hi, std::int64_t rank) const;
+  bool Narrow(KnownOrder& lo, KnownOrder& hi, std::int64_t rank);
   std::optional<Window> WindowAround(std::int64_t rank);
   double SelectByPasses(std::int64_t rank) const;
 
@@ -77,6 +84,8 @@ class PairSlopes {
   double steepest_ = 0;  // no slope is steeper
   std::int64_t count_ = 0;
   std::vector<double> sample_;  // some slopes, sorted
+  Order by_x_;
+  std::deque<KnownOrder> known_;  // the orders asked for so far, or the last of them
   std::vector<Window> windows_;
 };
 
