@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QSettings>
 #include <algorithm>
+#include <system_error>
 
 #include "core/file_name.h"
 #include "desktop/message_box.h"
@@ -41,8 +42,9 @@ void Prepare(QFileDialog& dialog, const FileQuestion& question) {
 // The name that was chosen; none for a Cancel.
 std::optional<std::filesystem::path> Run(QFileDialog& dialog) {
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  LastFolder() = dialog.directory().absolutePath();
-  return FromQt(dialog.selectedFiles().first());
+  const QString chosen = dialog.selectedFiles().first();  // perhaps typed, with another folder
+  LastFolder() = QFileInfo(chosen).absolutePath();
+  return FromQt(chosen);
 }
 
 // Only Qt's own dialog has room for it, below the names.
@@ -56,12 +58,13 @@ QCheckBox* AddOption(QFileDialog& dialog, const FileQuestion& question) {
 }
 
 bool MayBeReplaced(QWidget* parent, const std::filesystem::path& path) {
-  if (!std::filesystem::exists(path)) return true;
-  return ShowBox(parent,
-                 {.text = path.filename().string() + " already exists.\nDo you want to replace it?",
-                  .title = "Replace file",
-                  .buttons = Buttons::kYesNo,
-                  .critical = true}) == Answer::kYes;
+  std::error_code error;
+  if (!std::filesystem::exists(path, error)) return true;
+  return ShowBox(parent, {.text = "A file of this name is there already. Replace it?",
+                          .title = "Replace file",
+                          .buttons = Buttons::kYesNo,
+                          .critical = true,
+                          .beside = path.filename().string()}) == Answer::kYes;
 }
 
 }  // namespace

@@ -66,7 +66,8 @@ void HelpWindow::ShowMessageEntry(const std::string& text) {
   ShowPage(kMessagesPage);
   const QString words = "\"" + ToQt(text).trimmed() + "\"";
   page_->moveCursor(QTextCursor::Start);
-  if (!page_->find(words) && !page_->find(words.simplified())) return;
+  constexpr auto kAsWritten = QTextDocument::FindCaseSensitively;
+  if (!page_->find(words, kAsWritten) && !page_->find(words.simplified(), kAsWritten)) return;
   QScrollBar& bar = *page_->verticalScrollBar();
   bar.setValue(bar.value() + page_->cursorRect().top() - kAbove);
 }

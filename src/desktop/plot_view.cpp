@@ -4,18 +4,19 @@
 
 #include <QAction>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
 #include "core/conversion.h"
+#include "core/file_name.h"
+#include "desktop/file_dialog.h"
+#include "desktop/message_box.h"
 #include "desktop/mnemonics.h"
 #include "painting/cell_text.h"
 #include "painting/chart.h"
@@ -169,19 +170,14 @@ bool PlotView::SavePicture(const std::filesystem::path& path) {
 }
 
 void PlotView::AskSavePicture() {
-  QFileDialog dialog(this, tr("Save picture as"));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setNameFilters(
-      {tr("PNG picture (*.png)"), tr("SVG drawing (*.svg)"), tr("PDF document (*.pdf)")});
-  const auto take_suffix = [&](const QString& filter) {
-    dialog.setDefaultSuffix(filter.section(u'.', -1).chopped(1));
-  };
-  take_suffix(dialog.nameFilters().first());
-  connect(&dialog, &QFileDialog::filterSelected, this, take_suffix);
-  dialog.selectFile(windowTitle().trimmed());
-  if (dialog.exec() != QDialog::Accepted) return;
-  if (!SavePicture(dialog.selectedFiles().first().toStdString()))
-    QMessageBox::warning(this, windowTitle(), tr("The picture could not be saved."));
+  const std::string title = FromQt(windowTitle());
+  const auto path =
+      AskSaveFile(this, {.title = "Save picture as",
+                         .filters = {"PNG picture (*.png)|*.png", "SVG drawing (*.svg)|*.svg",
+                                     "PDF document (*.pdf)|*.pdf"},
+                         .proposed_name = FileNameOf(FromQt(windowTitle().trimmed()))});
+  if (path && !SavePicture(*path))
+    ShowBox(this, {.text = "The picture could not be saved.", .title = title});
 }
 
 void PlotView::ResetView() {
@@ -198,7 +194,7 @@ void PlotView::RedrawLines() {
     const QCPRange x = chart_->xAxis->range();
     plot->RedrawLines(x.lower, x.upper);
   } catch (const Fault&) {
-    QMessageBox::warning(this, windowTitle(), tr("Error"));
+    ShowBox(this, {.text = "Error", .title = FromQt(windowTitle())});
     return;
   }
   KeepView();  // the longer lines do not move the axes

@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QUrl>
+#include <fstream>
 
 #include "analyses/registry.h"
 #include "desktop/note_view.h"
@@ -57,6 +58,64 @@ TEST_F(FilesTest, OpensADroppedProject) {
   Choose(window, "Clear &Worksheet");
   Drop(folder / "a.qvl");
   EXPECT_EQ(CellText(sheet(), 2, 1), "Level 1");
+}
+
+TEST_F(FilesTest, ImportsADroppedSpreadsheet) {
+  std::ofstream(folder / "DATA.CSV") << "Title of a column that is wide\n1\n";
+  Choose(window, "Precision profile example");
+  Drop(folder / "DATA.CSV");
+  EXPECT_THAT(platform.boxes,
+              ElementsAre(testing::StartsWith("Notice that existing"), "File is an Excel file.",
+                          "Got sheet list.", "Import complete."));
+  EXPECT_EQ(CellText(sheet(), 1, 2), "1");
+  EXPECT_NE(workbench.project().context().ProjectFile, folder / "DATA.CSV");
+  EXPECT_GT(sheet().columnWidth(0), sheet().columnWidth(1));
+}
+
+TEST_F(FilesTest, TakesAReplacedProjectBackByUndo) {
+  Choose(window, "XY Regression Single");
+  for (const char* command : {"Clear &Worksheet", "Detection Limit Example", "&New Project"}) {
+    Choose(window, command);
+    EXPECT_NE(CellText(sheet(), 2, 1), "x") << command;
+    Press(sheet(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(CellText(sheet(), 2, 1), "x") << command;
+    EXPECT_EQ(CellText(sheet(), 3, 26), "7.653") << command;
+    EXPECT_EQ(In<QLineEdit>(window, "project-name").text(), "Demo XY Regression Project (single)");
+    EXPECT_EQ(window.windowTitle(), "Demo XY Regression Project (single)   Quorval5  Main Menu   ");
+  }
+}
+
+TEST_F(FilesTest, ClosesTheNoteWithItsProject) {
+  for (const char* command :
+       {"&New Project", "&Open Project", "Excel file", "Control Chart Example"}) {
+    Choose(window, "XY Regression Single");
+    Choose(window, "Notepage");
+    platform.answers = {Answer::kNo};
+    Choose(window, command);
+    EXPECT_NE(Shown("frmNote"), nullptr) << command;
+    Choose(window, command);
+    EXPECT_EQ(Shown("frmNote"), nullptr) << command;
+  }
+}
+
+TEST_F(FilesTest, ShowsTheLabelsOfAResultsFileWhole) {
+  Choose(window, "XY Regression Single");
+  OpenAnalysis& open = workbench.Open(regression::kOls);
+  workbench.PressOk(open);
+  platform.paths = {folder / "r.qvl", folder / "r.qvl"};
+  workbench.SaveResults(open);
+  Choose(window, "&Open Project");
+  const QFontMetrics metrics(sheet().font());
+  const Grid& grid = workbench.worksheet().grid();
+  int labels = 0;
+  for (int row = 1; row <= grid.DataRowCnt(); ++row) {
+    if (grid.Text(1, row).empty() || grid.Text(2, row).empty()) continue;
+    EXPECT_LT(metrics.horizontalAdvance(CellText(sheet(), 1, row)), sheet().columnWidth(0));
+    ++labels;
+  }
+  EXPECT_GT(labels, 5);
+  Choose(window, "&New Project");
+  EXPECT_EQ(sheet().columnWidth(0), sheet().columnWidth(400));
 }
 
 TEST_F(FilesTest, ExportsAndImports) {
