@@ -121,10 +121,10 @@ OpenAnalysis& Workbench::Open(const Analysis& analysis) {
 
 Outcome Workbench::PressOk(OpenAnalysis& open) {
   const WaitPointer wait(platform_);
-  Notices notices;
-  if (const Rule* broken = open.form.BrokenRule(notices)) {
+  open.notices.clear();
+  if (const Rule* broken = open.form.BrokenRule(open.notices)) {
     RunMessages(platform_).Tell(broken->words);
-    platform_.ShowNotices(notices);
+    platform_.ShowNotices(open.notices);
     return Outcome::kRefused;
   }
   ResultsWindow window = RunProcedure(open);

@@ -39,7 +39,7 @@ namespace limits {
 inline constexpr std::uint64_t kSmallFile = 10'000'000;  // bytes; beyond it the budget grows
 
 // A cell, written once or again; the longest results sheet holds so many.
-inline constexpr std::uint64_t kCells = 500 * 20002;
+inline constexpr std::uint64_t kCells = std::uint64_t{500} * 20002;
 // Of a full worksheet: a cell has up to three elements and five attributes.
 inline constexpr std::uint64_t kElements = 20'000'000;
 inline constexpr std::uint64_t kAttributes = 30'000'000;

@@ -46,7 +46,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Unusable{{"run"}, "ANALYSIS"}, Unusable{{"run", "ols"}, "--demo"},
                     Unusable{{"run", "olt", "--demo", kDemo}, "\"olt\""},
                     Unusable{{"run", "ols", "--demo", "XY"}, "\"XY\""},
-                    Unusable{{"run", "ols", "no such file.csv"}, "no such file.csv: there is no such file"},
+                    Unusable{{"run", "ols", "no such file.csv"},
+                             "no such file.csv: there is no such file"},
                     Unusable{{"run", "ols", "a.csv", "b.csv"}, "b.csv"},
                     Unusable{{"run", "ols", "a.csv", "--demo", kDemo}, "--demo"}));
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <random>
 #include <stdexcept>
 
 #include "core/results_sheet.h"
@@ -73,6 +75,71 @@ TEST(Grid, ClearsARangeWithItsFormatting) {
   EXPECT_EQ(grid.Text(1, 2), "x");
   grid.ClearRange(1, 1, 9, 99);
   EXPECT_EQ(grid.DataColCnt(), 0);
+}
+
+// Whatever is written over what, in any order, a cell is what a plain table of cells would hold.
+TEST(Grid, KeepsCellsOfEveryKind) {
+  constexpr int kColumns = 3, kRows = 40;
+  std::mt19937 random(5);
+  const auto any = [&](int count) {
+    return static_cast<int>(random() % static_cast<unsigned>(count));
+  };
+  const std::string texts[] = {"",
+                               "a",
+                               "1.5",
+                               std::string(12, 'x'),
+                               std::string(13, 'y'),
+                               std::string("a\0b", 3),
+                               std::string(5000, 'z')};
+  const Picture picture = std::make_shared<const std::string>("png");
+  Grid grid(kColumns, kRows);
+  std::map<std::pair<int, int>, Cell> plain;
+  for (int step = 0; step < 5000; ++step) {
+    const int column = 1 + any(kColumns), row = 1 + any(kRows);
+    const std::string& text = texts[any(std::size(texts))];
+    Cell& expected = plain[{column, row}];
+    switch (any(6)) {
+      case 0: {
+        grid.SetText(column, row, text);
+        const bool number = expected.look.type == CellType::kNumber && text == "1.5";
+        expected.value = number ? std::optional(1.5) : std::nullopt;
+        expected.text = number ? "" : text;
+        if (!text.empty() && !number) expected.look.type = CellType::kEdit;
+        break;
+      }
+      case 1:
+        grid.SetValue(column, row, step / 7.0);
+        expected.value = step / 7.0;
+        expected.text.clear();
+        break;
+      case 2:
+        grid.SetNumber(column, row, -step, 3);
+        expected.value = -step;
+        expected.text.clear();
+        expected.look.type = CellType::kNumber;
+        expected.look.decimals = 3;
+        break;
+      case 3:
+        expected = {};
+        expected.text = text;
+        expected.look.colour = static_cast<Colour>(any(300));
+        if (any(8) == 0) expected.picture = picture;
+        grid.Put(column, row, expected);
+        break;
+      case 4:
+        if (any(4) == 0) grid.Edit(column, row).look.bold = expected.look.bold = true;
+        break;
+      default:
+        if (any(40) != 0) break;
+        grid.ClearRange(1, row, kColumns, kRows);
+        std::erase_if(plain, [&](const auto& entry) { return entry.first.second >= row; });
+    }
+    for (const auto& [place, cell] : plain) {
+      ASSERT_EQ(grid.At(place.first, place.second), cell) << "step " << step;
+      ASSERT_EQ(grid.Empty(place.first, place.second), cell.Empty());
+    }
+    if (step % 500 == 0) grid = Grid(grid);
+  }
 }
 
 TEST(Worksheet, CountsItsExtentFromTheGreyTitleRow) {
