@@ -38,6 +38,7 @@ HelpWindow::HelpWindow(const std::filesystem::path& folder, QWidget* parent)
   page_->setOpenExternalLinks(true);
   page_->document()->setDocumentMargin(16);
   auto* const splitter = new QSplitter;
+  splitter->setObjectName("splitter");
   splitter->addWidget(tabs_);
   splitter->addWidget(page_);
   splitter->setSizes({280, 700});
@@ -71,6 +72,8 @@ void HelpWindow::ShowMessageEntry(const std::string& text) {
   QScrollBar& bar = *page_->verticalScrollBar();
   bar.setValue(bar.value() + page_->cursorRect().top() - kAbove);
 }
+
+void HelpWindow::ShowPageAlone() { findChild<QSplitter*>("splitter")->setSizes({0, width()}); }
 
 void HelpWindow::ShowContents() {
   tabs_->setCurrentIndex(0);

@@ -25,6 +25,8 @@ class HelpWindow : public QMainWindow {
   void ShowContents();
   // The page of messages, at what it tells of a box.
   void ShowMessageEntry(const std::string& text);
+  // Gives the page the whole width; the contents can be drawn back from the left edge.
+  void ShowPageAlone();
   void ShowSearch();
 
   const Manual& manual() const { return manual_; }

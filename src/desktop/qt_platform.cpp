@@ -1,8 +1,10 @@
 #include "desktop/qt_platform.h"
 
 #include <QApplication>
+#include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
+#include <algorithm>
 
 #include "desktop/file_dialog.h"
 #include "desktop/help_window.h"
@@ -30,11 +32,25 @@ void BringForward(QWidget& window) {
   window.activateWindow();
 }
 
+// A dialog stays above its parent, a window of no parent goes where the user wants it.
 void MoveTo(QWidget& window, QWidget* parent) {
   const QRect place = window.geometry();
   const bool placed = window.isVisible();  // else the desktop finds it a place
-  window.setParent(parent, Qt::Window);
+  window.setParent(parent, parent != nullptr ? Qt::Dialog | Qt::WindowMinMaxButtonsHint |
+                                                   Qt::WindowCloseButtonHint
+                                             : Qt::Window);
   if (placed) window.setGeometry(place);
+}
+
+// Left of the box, so that both can be read, where there is room for a page.
+void PlaceBeside(HelpWindow& help, const QWidget& box) {
+  constexpr int kNarrowest = 480, kFrame = 40;
+  const QRect screen = box.screen()->availableGeometry();
+  const int width = box.frameGeometry().left() - screen.left() - kFrame / 2;
+  if (width < kNarrowest) return;
+  help.setGeometry(screen.left() + kFrame / 4, screen.top() + kFrame, std::min(width, help.width()),
+                   std::min(help.height(), screen.height() - 2 * kFrame));
+  help.ShowPageAlone();
 }
 
 }  // namespace
@@ -117,7 +133,9 @@ bool QtPlatform::Tells(const std::string& text) {
 // As a window of the box: a modal box blocks all others.
 void QtPlatform::ShowEntry(const std::string& text, QWidget& box) {
   HelpWindow& help = Help();
+  const bool read = help.isVisible();
   if (help.parentWidget() != &box) MoveTo(help, &box);
+  if (!read) PlaceBeside(help, box);
   BringForward(help);
   help.ShowMessageEntry(text);
 }
@@ -126,7 +144,10 @@ void QtPlatform::Release(QWidget& box) {
   if (!help_ || help_->parentWidget() != &box) return;
   const bool read = help_->isVisible();
   MoveTo(*help_, nullptr);
-  if (read) help_->show();
+  if (!read) return;
+  help_->setAttribute(Qt::WA_ShowWithoutActivating);  // the keys go where they went before
+  help_->show();
+  help_->setAttribute(Qt::WA_ShowWithoutActivating, false);
 }
 
 }  // namespace quorval
