@@ -8,6 +8,7 @@
 #include "analyses/registry.h"
 #include "app/workbench.h"
 #include "support/scripted_platform.h"
+#include "support/temporary_folder.h"
 
 namespace quorval {
 namespace {
@@ -28,14 +29,13 @@ struct KeepingPlatform : test::ScriptedPlatform {
 class GeneralStatistics : public testing::Test {
  protected:
   GeneralStatistics() {
-    std::filesystem::create_directories(folder);
     for (int row = 1; row <= 5; ++row)
       for (int column : {2, 3})
         workbench.worksheet().SetText(column, row, std::to_string(row * row + column));
   }
-  ~GeneralStatistics() override { std::filesystem::remove_all(folder); }
 
-  std::filesystem::path folder = std::filesystem::temp_directory_path() / "quorval-general";
+  const test::TemporaryFolder folder_;
+  const std::filesystem::path folder = folder_.path();
   KeepingPlatform platform;
   Workbench workbench{platform, folder};
 };

@@ -7,6 +7,7 @@
 
 #include "analyses/registry.h"
 #include "support/scripted_platform.h"
+#include "support/temporary_folder.h"
 
 namespace quorval {
 namespace {
@@ -17,17 +18,13 @@ using testing::SizeIs;
 
 class WorkbenchTest : public testing::Test {
  protected:
-  WorkbenchTest() { std::filesystem::create_directories(folder); }
-  ~WorkbenchTest() override { std::filesystem::remove_all(folder); }
-
   OpenAnalysis& OpenOlsOnExample() {
     workbench.ImportExample(*FindExample("XY Regression Single"));
     return workbench.Open(regression::kOls);
   }
 
-  std::filesystem::path folder =
-      std::filesystem::temp_directory_path() /
-      ("quorval-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+  const test::TemporaryFolder folder_;
+  const std::filesystem::path folder = folder_.path();
   test::ScriptedPlatform platform;
   Workbench workbench{platform, folder};
 };

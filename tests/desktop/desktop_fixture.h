@@ -16,6 +16,7 @@
 #include "painting/page_painter.h"
 #include "painting/qt_text.h"
 #include "support/scripted_platform.h"
+#include "support/temporary_folder.h"
 
 namespace quorval::test {
 
@@ -39,7 +40,6 @@ class Desktop : public testing::Test {
 
  protected:
   Desktop() {
-    std::filesystem::create_directories(folder);
     platform.pdf = folder / "printed.pdf";
     window.resize(1000, 700);
     window.show();
@@ -48,7 +48,6 @@ class Desktop : public testing::Test {
   ~Desktop() override {
     window.close();
     Settle();
-    std::filesystem::remove_all(folder);
   }
 
   // Lets queued events run, and what was dropped go.
@@ -106,9 +105,8 @@ class Desktop : public testing::Test {
     Settle();
   }
 
-  std::filesystem::path folder =
-      std::filesystem::temp_directory_path() /
-      ("quorval-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+  const TemporaryFolder folder_;
+  const std::filesystem::path folder = folder_.path();
   PdfPlatform platform;
   Workbench workbench{platform, folder};
   MainWindow window{workbench, platform};
