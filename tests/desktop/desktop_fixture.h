@@ -108,7 +108,8 @@ class Desktop : public testing::Test {
 
   std::filesystem::path folder =
       std::filesystem::temp_directory_path() /
-      ("quorval-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+      ("quorval-" + std::to_string(QCoreApplication::applicationPid()) + "-" +
+       testing::UnitTest::GetInstance()->current_test_info()->name());
   PdfPlatform platform;
   Workbench workbench{platform, folder};
   MainWindow window{workbench, platform};
