@@ -29,8 +29,15 @@ int Copy(const fs::path& file, const fs::path& to) {
   return done ? 0 : why;
 }
 
+// Another user's file under a second name may be past taking away again, as in /tmp.
+bool IsOurs(const fs::path& file) {
+  struct stat state {};
+  return stat(file.c_str(), &state) == 0 && (geteuid() == 0 || state.st_uid == geteuid());
+}
+
 // 0 or an errno; EEXIST where the name is taken.
 int NameAnew(const fs::path& file, const fs::path& to) {
+  if (!IsOurs(file)) return Copy(file, to);
   if (link(file.c_str(), to.c_str()) == 0) return 0;
   const bool no_links = errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS || errno == EMLINK;
   return no_links ? Copy(file, to) : errno;
