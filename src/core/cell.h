@@ -26,7 +26,7 @@ struct CellLook {
   std::uint8_t decimals = 0;  // of a number cell, 0 to 30
   bool bold = false;
   bool italic = false;
-  bool overflow = false;  // the text may run over the empty cells to its right
+  bool overflow = false;  // a long text is shown beyond its cell, over empty neighbours
   Colour colour = kWhite;
   std::uint16_t span_columns = 1;  // the cells that this one is joined to, itself included
   std::uint16_t span_rows = 1;

@@ -1,5 +1,4 @@
-// Cells by column and row, both counted from 1: what the worksheet and every results sheet are
-// made of.
+// Cells by column and row, from 1 on: what the worksheet and every results sheet are made of.
 #pragma once
 
 #include <string>
