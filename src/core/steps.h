@@ -2,7 +2,7 @@
 #pragma once
 
 #include <concepts>
-#include <functional>
+#include <optional>
 
 #include "core/run.h"
 
@@ -13,28 +13,32 @@ inline constexpr auto kKeepsNothing = [](const auto&, const auto&) -> std::optio
   return std::nullopt;
 };
 
-// Read takes columns and options, and may refuse; Compute knows no cell and no window; Report
-// writes the rows in their order; Draw fills the plots.  Keep leaves what a repetition starts from.
+// Calls a step with the messages, and the notices, before its own arguments where it asks for them.
+template <auto kStep, class... Arguments>
+auto CallStep(Run& run, Arguments&... arguments) {
+  if constexpr (std::invocable<decltype(kStep), Arguments&...>)
+    return kStep(arguments...);
+  else if constexpr (std::invocable<decltype(kStep), Messages&, Arguments&...>)
+    return kStep(run.messages, arguments...);
+  else
+    return kStep(run.messages, run.notices, arguments...);
+}
+
+// Read takes columns and options, and may refuse; Compute knows no cell and no window; Report writes
+// the rows in their order; Draw fills the plots.  Keep leaves what a repetition starts from.
 //
-// Each gets what it works on and nothing else.  A computation that notes what stopped it takes the
-// notices too.  A report that computes between two rows, so that the rows above remain where that
-// fails, takes the messages too and adds to the result.
+// Each gets what it works on and nothing else.  A step that can fail in words of its own asks for the
+// messages.  A report that computes between two rows, so that the rows above remain where that fails,
+// adds to the result.
 template <auto kRead, auto kCompute, auto kReport, auto kDraw, auto kKeep = kKeepsNothing>
 void Steps(Run& run) {
   const auto input = kRead(run);
-  auto result = [&] {
-    if constexpr (std::invocable<decltype(kCompute), Messages&, decltype(input)>)
-      return kCompute(run.messages, input);
-    else
-      return kCompute(run.messages, run.notices, input);
-  }();
+  auto result = CallStep<kCompute>(run, input);
+  const auto& reported = result;
   run.sheet.Clear();
-  if constexpr (std::invocable<decltype(kReport), ResultsSheet&, decltype(input), decltype(result)>)
-    kReport(run.sheet, input, std::as_const(result));
-  else
-    kReport(run.messages, run.sheet, input, result);
-  run.rejection = kKeep(input, std::as_const(result));
-  kDraw(run.plots, input, std::as_const(result));
+  CallStep<kReport>(run, run.sheet, input, result);
+  run.rejection = kKeep(input, reported);
+  CallStep<kDraw>(run, run.plots, input, reported);
 }
 
 }  // namespace quorval
