@@ -122,8 +122,8 @@ OpenAnalysis& Workbench::Open(const Analysis& analysis) {
 Outcome Workbench::PressOk(OpenAnalysis& open) {
   const WaitPointer wait(platform_);
   open.notices.clear();
-  if (const Rule* broken = open.form.BrokenRule(open.notices)) {
-    RunMessages(platform_).Tell(broken->words);
+  if (const auto refusal = open.form.BrokenRule(open.notices); !refusal.empty()) {
+    RunMessages(platform_).Tell(refusal);
     platform_.ShowNotices(open.notices);
     return Outcome::kRefused;
   }

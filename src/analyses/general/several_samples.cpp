@@ -21,19 +21,22 @@ constexpr Field kColumnNote{.kind = FieldKind::kNote,
                             .caption = "(Each data column corresponds to one group)"};
 constexpr Field kStartColumn{.key = "start-column",
                              .group = kColumnGroup,
-                             .caption = "Compute means and SD from       Data Column No.(start):"};
-constexpr Field kLastColumn{
-    .key = "last-column", .group = kColumnGroup, .caption = "Data Column No. (last):"};
+                             .caption = "Compute means and SD from       Data Column No.(start):",
+                             .demand = kWorksheetColumn};
+constexpr Field kLastColumn{.key = "last-column",
+                            .group = kColumnGroup,
+                            .caption = "Data Column No. (last):",
+                            .demand = kWorksheetColumn};
 constexpr Field kOutlierLimit{.key = "outlier-limit",
                               .caption = "No. of SD units as outlier rejection limit:",
-                              .initial = "4"};
+                              .initial = "4",
+                              .demand = kPositiveLimit};
 
 constexpr Field kFields[] = {kColumnNote, kStartColumn, kLastColumn, kOutlierLimit};
 
 constexpr Rule kRules[] = {
-    {[](const Form& form) { return AnyOutsideWorksheet(form, kStartColumn, kLastColumn); },
-     kWorksheetColumnRefused},
-    {[](const Form& form) { return NotPositive(form, kOutlierLimit); }, kOptionRefused},
+    DemandsOf(kStartColumn, kLastColumn),
+    DemandsOf(kOutlierLimit),
 };
 
 constexpr Dialog frmGenSeveralOptions{

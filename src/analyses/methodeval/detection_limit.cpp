@@ -41,35 +41,19 @@ constexpr Field kFields[] = {
     kOutlierLimit,
 };
 
-bool Lacks(const Form& form, When procedure, const Field& column) {
-  return form.Holds(procedure) && form.Blank(column);
-}
-
-bool OutsideWhenAsked(const Form& form, const Conditions& asked, const Field& column) {
-  return form.Holds(asked) && OutsideWorksheet(form, column);
+bool AsksForNeither(const Form& form) {
+  return form.Holds(kBySd) && !form.On(kDl) && !form.On(kLoq);
 }
 
 constexpr Rule kRules[] = {
-    {[](const Form& form) {
-       return form.Holds(kBySd) && (form.On(kDl) ? form.Blank(kDlColumn) : !form.On(kLoq));
-     },
-     "No column no. was selected for DL analysis!"},
-    {[](const Form& form) { return form.Holds(kLoqAsked) && form.Blank(kLoqColumn); },
-     "No column no. was selected for LOQ analysis!"},
-    {[](const Form& form) { return Lacks(form, kByEp17, kBlankColumn); },
-     "No column no. was selected for the blank measurements!"},
-    {[](const Form& form) { return Lacks(form, kByEp17, kStartColumn); },
-     "No column start no. was selected for low sample measurements!"},
-    {[](const Form& form) { return Lacks(form, kByEp17, kLastColumn); },
-     "No last column no. was selected for low sample measurements!"},
-    {[](const Form& form) {
-       return OutsideWhenAsked(form, kDlAsked, kDlColumn) ||
-              OutsideWhenAsked(form, kLoqAsked, kLoqColumn) ||
-              (form.Holds(kByEp17) &&
-               AnyOutsideWorksheet(form, kBlankColumn, kStartColumn, kLastColumn));
-     },
-     kWorksheetColumnRefused},
-    {[](const Form& form) { return NotPositive(form, kOutlierLimit); }, kOptionRefused},
+    {.broken = AsksForNeither, .refusal = kDlRefused},
+    Filled(kDlColumn),
+    Filled(kLoqColumn),
+    Filled(kBlankColumn),
+    Filled(kStartColumn),
+    Filled(kLastColumn),
+    DemandsOf(kDlColumn, kLoqColumn, kBlankColumn, kStartColumn, kLastColumn),
+    DemandsOf(kOutlierLimit),
 };
 
 constexpr Dialog frmMethDetLimOpt{

@@ -33,9 +33,8 @@ constexpr Field kFields[] = {
 };
 
 constexpr Rule kRules[] = {
-    {[](const Form& form) { return AnyOutsideWorksheet(form, kStartColumn, kLastColumn); },
-     kColumnRefused},
-    {[](const Form& form) { return NotPositive(form, kOutlierLimit); }, kOptionRefused},
+    DemandsOf(kStartColumn, kLastColumn),
+    DemandsOf(kOutlierLimit),
 };
 
 constexpr Dialog frmMethLinearityOpt{

@@ -17,15 +17,8 @@ constexpr Field kFields[] = {kMode,       kColumn,   kOutlierLimit,        kStar
                              kLastColumn, kRunsNote, kSeveralOutlierLimit, kShowMeans};
 
 constexpr Rule kRules[] = {
-    {[](const Form& form) {
-       return form.Holds(kSingle) ? OutsideWorksheet(form, kColumn)
-                                  : AnyOutsideWorksheet(form, kStartColumn, kLastColumn);
-     },
-     kColumnRefused},
-    {[](const Form& form) {
-       return NotPositive(form, form.Holds(kSingle) ? kOutlierLimit : kSeveralOutlierLimit);
-     },
-     kOptionRefused},
+    DemandsOf(kColumn, kStartColumn, kLastColumn),
+    DemandsOf(kOutlierLimit, kSeveralOutlierLimit),
 };
 
 constexpr Dialog frmMethPrecisionOpt{

@@ -29,11 +29,10 @@ constexpr Field kFields[] = {
 };
 
 constexpr Rule kRules[] = {
-    kIdColumnRule,
-    kFirstColumnsRule,
-    kLastColumnsRule,
-    {[](const Form& form) { return RatioRefused(form) || form.Number32(kOutlierLimit) <= 0; },
-     "Incompatible option value(s)"},
+    DemandsOf(kIdColumn),
+    DemandsOf(kFirstColumn, kSecondColumn),
+    DemandsOf(kThirdColumn, kFourthColumn),
+    DemandsOf(kSdRatio, kOutlierLimit),
 };
 
 constexpr Dialog MCstatF3so{

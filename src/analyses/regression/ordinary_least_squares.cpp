@@ -21,17 +21,16 @@ constexpr Field kFields[] = {
     kFourthColumn,
     kXc1,
     kXc2,
-    kOutlierLimit,
+    RefusedWith(kOutlierLimit, "Negative value for Outlier limit not allowed!"),
     Captioned(kShowResiduals, "Display x, y and residual values (y-(a0+bx))"),
     Captioned(kShowBands, "Display coordinates of 95%-confidence bands (at 11 positions)"),
     Captioned(kPlotBands, "Show 95%-confidence bands in plot"),
 };
 
 constexpr Rule kRules[] = {
-    kFirstColumnsRule,
-    kLastColumnsRule,
-    {[](const Form& form) { return form.Number32(kOutlierLimit) <= 0; },
-     "Negative value for Outlier limit not allowed!"},
+    DemandsOf(kFirstColumn, kSecondColumn),
+    DemandsOf(kThirdColumn, kFourthColumn),
+    DemandsOf(kOutlierLimit),
 };
 
 constexpr Dialog MCstatF1so{

@@ -31,7 +31,10 @@ constexpr Field kFields[] = {
                 "than 100"},
 };
 
-constexpr Rule kRules[] = {kFirstColumnsRule, kLastColumnsRule};
+constexpr Rule kRules[] = {
+    DemandsOf(kFirstColumn, kSecondColumn),
+    DemandsOf(kThirdColumn, kFourthColumn),
+};
 
 constexpr Dialog MCstatF5so{
     .window = "MCstatF5so",

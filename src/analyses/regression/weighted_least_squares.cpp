@@ -25,10 +25,13 @@ constexpr Field kFields[] = {
     kFourthColumn,
     kXc1,
     kXc2,
-    InGroup(Captioned(kWeightingExponent,
-                      "Weighting exponent (0 - 2): (2 corresponds to proportional weighting)"),
-            kWeightingGroup),
-    InGroup(Captioned(kTruncationLimit, "Lower limit of truncation:"), kWeightingGroup),
+    RefusedWith(
+        InGroup(Captioned(kWeightingExponent,
+                          "Weighting exponent (0 - 2): (2 corresponds to proportional weighting)"),
+                kWeightingGroup),
+        "Weighting exponent should be between zero and 2 incl."),
+    RefusedWith(InGroup(Captioned(kTruncationLimit, "Lower limit of truncation:"), kWeightingGroup),
+                "Negative value for Lower limit of truncation not allowed"),
     kOutlierLimit,
     Captioned(kShowResiduals, "Display x, y ,estim. y and residuals"),
     Captioned(kShowBands, "Display coordinates of 95%-confidence band (at 11 positions)"),
@@ -36,17 +39,12 @@ constexpr Field kFields[] = {
 };
 
 constexpr Rule kRules[] = {
-    kIdColumnRule,
-    kFirstColumnsRule,
-    kLastColumnsRule,
-    {[](const Form& form) { return form.Number32(kOutlierLimit) <= 0; },
-     "Incompatible option value(s)"},
-    {[](const Form& form) { return form.Number32(kTruncationLimit) < 0; },
-     "Negative value for Lower limit of truncation not allowed"},
-    {[](const Form& form) {
-       return form.Number32(kWeightingExponent) < 0 || form.Number32(kWeightingExponent) > 2;
-     },
-     "Weighting exponent should be between zero and 2 incl."},
+    DemandsOf(kIdColumn),
+    DemandsOf(kFirstColumn, kSecondColumn),
+    DemandsOf(kThirdColumn, kFourthColumn),
+    DemandsOf(kOutlierLimit),
+    DemandsOf(kTruncationLimit),
+    DemandsOf(kWeightingExponent),
 };
 
 constexpr Dialog MCstatF2so{
