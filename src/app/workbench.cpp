@@ -140,7 +140,7 @@ Outcome Workbench::PressOk(OpenAnalysis& open) {
 
 ResultsWindow Workbench::RunProcedure(const OpenAnalysis& open) {
   const Procedure& procedure = ProcedureFor(*open.analysis, open.form);
-  ResultsWindow window{&procedure, procedure.title(open.form), ResultsSheet(project_.context()),
+  ResultsWindow window{&procedure, TitleOf(procedure, open.form), ResultsSheet(project_.context()),
                        open.form};
   RunMessages messages(platform_);
   Run run{open.form, project_.worksheet(), project_.context(), messages, window.sheet};

@@ -52,7 +52,7 @@ inline constexpr std::string_view kDiaPlot = "frmDiaPlot";
 inline constexpr PlotPicture kPictures[] = {{kDiaPlot, " Chart2D1.bmp", 350}};
 inline constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
-constexpr Procedure ResultsWindow(std::string_view window, std::string (*title)(const Form&),
+constexpr Procedure ResultsWindow(std::string_view window, std::string_view title,
                                   void (*run)(Run&)) {
   return {
       .window = window,

@@ -151,7 +151,7 @@ constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
 constexpr Procedure frmGenSeveralResults[] = {{
     .window = "frmGenSeveralResults",
-    .title = [](const Form&) -> std::string { return "General Statistics: Several Samples"; },
+    .title = "General Statistics: Several Samples",
     .menu = {.save = "&Save As", .print_plots = "P&rint Plot"},
     .print_header = "/cGeneral Statistics - Two Samples/rPage #/p/n",  // for several ones as well
     .plot_jobs = kPlotJobs,

@@ -173,7 +173,7 @@ constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
 constexpr Procedure frmControlChart[] = {{
     .window = "frmControlChart",
-    .title = [](const Form&) -> std::string { return "Control Chart"; },
+    .title = "Control Chart",
     .menu = MenuWith("&Select Options for Precision Evaluation", "P&rint Plot"),
     .print_header = "/cPrecision Results/rPage #/p/n",
     .plot_jobs = kPlotJobs,

@@ -83,9 +83,7 @@ constexpr PlotJob kByEp17Jobs[] = {{.pictures = kByEp17Pictures}};
 constexpr Procedure kProcedures[] = {
     {.when = kBySd,
      .window = "frmMethDetLim",
-     .title = [](const Form&) -> std::string {
-       return "Determination of Detection Limit (DL) and/or LOQ";
-     },
+     .title = "Determination of Detection Limit (DL) and/or LOQ",
      .menu = kMenu,
      .print_header = kPrintHeader,
      .plot_jobs = kBySdJobs,
@@ -93,9 +91,7 @@ constexpr Procedure kProcedures[] = {
      .run = RunBySd},
     {.when = kByEp17,
      .window = "frmMethDetLim17",
-     .title = [](const Form&) -> std::string {
-       return "Determination of Limit of Detection (LoD) with type I and II errors specified";
-     },
+     .title = "Determination of Limit of Detection (LoD) with type I and II errors specified",
      .menu = kMenu,
      .print_header = kPrintHeader,
      .plot_jobs = kByEp17Jobs,

@@ -54,7 +54,7 @@ constexpr std::string_view kPrintHeader = "/cLinearity Results/rPage #/p/n";
 constexpr FailurePolicy kFailure{.fault = "Error occurred in Linearity analysis",
                                  .aftermath = Aftermath::kWindowCloses};
 
-std::string Title(const Form&) { return "Linearity Evaluation"; }
+constexpr std::string_view kTitle = "Linearity Evaluation";
 
 constexpr PlotPicture kLackOfFitPictures[] = {
     {"frmMethLinPlot1", " Chart2D1Plot1.bmp", 200},
@@ -72,7 +72,7 @@ constexpr Procedure LackOfFitProcedure(When procedure) {
   return {
       .when = procedure,
       .window = "frmMethLinearity",
-      .title = Title,
+      .title = kTitle,
       .menu = MenuWith("&Select Options for Linearity Eval."),
       .print_header = kPrintHeader,
       .plot_jobs = kLackOfFitJobs,
@@ -87,7 +87,7 @@ constexpr Procedure kProcedures[] = {
     LackOfFitProcedure(kWlr),
     {.when = kPolynomial,
      .window = "frmLinPolynReg",
-     .title = Title,
+     .title = kTitle,
      .menu = MenuWith("Select linearity &Options"),
      .print_header = kPrintHeader,
      .plot_jobs = kPolynomialJobs,

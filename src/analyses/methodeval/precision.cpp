@@ -40,7 +40,7 @@ constexpr Procedure ProcedureOf(When mode, void (*run)(Run&)) {
   return {
       .when = mode,
       .window = "frmMethPrecision",
-      .title = [](const Form&) -> std::string { return "Determination of Precision"; },
+      .title = "Determination of Precision",
       .menu = MenuWith("&Select Options for Precision Evaluation"),
       .print_header = "/cPrecision Results/rPage #/p/n",
       .plot_jobs = kPlotJobs,

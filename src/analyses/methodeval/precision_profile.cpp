@@ -144,7 +144,7 @@ constexpr Procedure ProcedureOf(When mode, void (*run)(Run&)) {
   return {
       .when = mode,
       .window = "frmMethPrecProf",
-      .title = [](const Form&) -> std::string { return "Precision Profile"; },
+      .title = "Precision Profile",
       .menu = MenuWith("&Select Options for Precision Profile"),
       .print_header = "/cPrecision Profile/rPage #/p/n",
       .plot_jobs = kPlotJobs,

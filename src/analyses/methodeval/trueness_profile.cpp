@@ -189,7 +189,7 @@ constexpr Procedure ProcedureOf(When mode, std::string_view fault, void (*run)(R
   return {
       .when = mode,
       .window = "frmMethTrueness",
-      .title = [](const Form&) -> std::string { return "Trueness Profile"; },
+      .title = "Trueness Profile",
       .menu = MenuWith("&Select Options for Trueness Profile"),
       .print_header = "/cTrueness Results/rPage #/p/n",
       .plot_jobs = kPlotJobs,

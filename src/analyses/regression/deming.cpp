@@ -95,7 +95,7 @@ void RunDeming(Run& run) {
 
 constexpr Procedure MCstatF3s[] = {Comparison({
     .window = "MCstatF3s",
-    .title = [](const Form& form) { return WindowTitle("Deming Regression Analysis", form); },
+    .title = "Quorval      Deming Regression Analysis",
     .menu = {.back = "&Selection of Deming  Reg. options"},
     .print_header = "/cDeming Regression/rPage #/p/n",
     .plot_windows = kPlots,

@@ -79,10 +79,7 @@ void RunOls(Run& run) {
 
 constexpr Procedure MCstatF1s[] = {Comparison({
     .window = "MCstatF1s",
-    .title =
-        [](const Form& form) {
-          return WindowTitle("Ordinary Least-Squares Regression Analysis", form);
-        },
+    .title = "Quorval      Ordinary Least-Squares Regression Analysis",
     .menu = {.back = "&Selection of Ord. L.-S.  Reg. options"},
     .print_header = "/cOrd. Linear regression/rPage #/p/n",
     .plot_windows = kPlots,

@@ -127,8 +127,7 @@ void RunPassingBablok(Run& run) {
 
 constexpr Procedure MCstatF5s[] = {Comparison({
     .window = "MCstatF5s",
-    .title =
-        [](const Form& form) { return WindowTitle("Nonparametric Regression Analysis", form); },
+    .title = "Quorval      Nonparametric Regression Analysis",
     .menu = {.back = "&Selection of Nonpar.  Reg. options"},
     .print_header = "/cPassing-Bablok Regression/rPage #/p/n",
     .plot_windows = kPlots,

@@ -276,7 +276,7 @@ constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
 constexpr Procedure kProcedures[] = {{
     .window = "frmPolynReg",
-    .title = [](const Form&) { return std::string("Polynomial Regression Analysis"); },
+    .title = "Polynomial Regression Analysis",
     .menu = {.back = "&Select Options"},
     .print_header = "/cPolynomial regression/rPage #/p/n",
     .plot_jobs = kPlotJobs,

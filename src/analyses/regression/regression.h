@@ -47,8 +47,8 @@ inline constexpr Field kShowResiduals{
 inline constexpr Field kShowBands{.key = "show-bands", .kind = FieldKind::kCheck, .initial = "off"};
 inline constexpr Field kPlotBands{.key = "plot-bands", .kind = FieldKind::kCheck, .initial = "on"};
 
-// "Quorval      " + the name of the analysis + the mode.
-std::string WindowTitle(std::string_view analysis, const Form& form);
+// How the title of a results window ends.
+std::string_view ModeInTitle(const Form& form);
 
 // --- Windows
 
@@ -65,8 +65,10 @@ inline constexpr std::array<PlotPicture, 2> kPictures{{
 }};
 inline constexpr std::array<PlotJob, 1> kPlotJobs{{{.pictures = kPictures}}};
 
-// A method's own procedure with what all of them have: the plots, and the words of a failure.
+// A method's own procedure with what all of them have: the mode in the title, the plots, and the
+// words of a failure.
 constexpr Procedure Comparison(Procedure own) {
+  own.title_end = ModeInTitle;
   own.plot_jobs = kPlotJobs;
   own.failure = {.fault = "Error occurred", .second = "Error occurred"};
   return own;

@@ -142,8 +142,7 @@ void RunWeightedDeming(Run& run) {
 
 constexpr Procedure MCstatF4s[] = {Comparison({
     .window = "MCstatF4s",
-    .title =
-        [](const Form& form) { return WindowTitle("Weighted Deming Regression Analysis", form); },
+    .title = "Quorval      Weighted Deming Regression Analysis",
     .menu = {.back = "&Selection of W. Deming  Reg. options"},
     .print_header = "/cWeighted Deming Regression/rPage #/p/n",
     .plot_windows = kPlots,

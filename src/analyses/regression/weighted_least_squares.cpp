@@ -25,13 +25,14 @@ constexpr Field kFields[] = {
     kFourthColumn,
     kXc1,
     kXc2,
-    RefusedWith(
-        InGroup(Captioned(kWeightingExponent,
-                          "Weighting exponent (0 - 2): (2 corresponds to proportional weighting)"),
-                kWeightingGroup),
-        "Weighting exponent should be between zero and 2 incl."),
-    RefusedWith(InGroup(Captioned(kTruncationLimit, "Lower limit of truncation:"), kWeightingGroup),
-                "Negative value for Lower limit of truncation not allowed"),
+    InGroup(Captioned(RefusedWith(kWeightingExponent,
+                                  "Weighting exponent should be between zero and 2 incl."),
+                      "Weighting exponent (0 - 2): (2 corresponds to proportional weighting)"),
+            kWeightingGroup),
+    InGroup(Captioned(RefusedWith(kTruncationLimit,
+                                  "Negative value for Lower limit of truncation not allowed"),
+                      "Lower limit of truncation:"),
+            kWeightingGroup),
     kOutlierLimit,
     Captioned(kShowResiduals, "Display x, y ,estim. y and residuals"),
     Captioned(kShowBands, "Display coordinates of 95%-confidence band (at 11 positions)"),
@@ -114,10 +115,7 @@ void RunWls(Run& run) {
 
 constexpr Procedure MCstatF2s[] = {Comparison({
     .window = "MCstatF2s",
-    .title =
-        [](const Form& form) {
-          return WindowTitle("Weighted Least-Squares Regression Analysis", form);
-        },
+    .title = "Quorval      Weighted Least-Squares Regression Analysis",
     .menu = {.back = "&Selection of Weighted L.-S.  Reg. options"},
     .print_header = "/cWeighted Linear Regression/rPage #/p/n",
     .plot_windows = kPlots,
