@@ -49,7 +49,8 @@ void WriteNamesAndSizes(ResultsSheet& sheet, const TwoGroups& groups, std::strin
 // --- Windows
 
 inline constexpr std::string_view kDiaPlot = "frmDiaPlot";
-inline constexpr PlotPicture kPictures[] = {{kDiaPlot, " Chart2D1.bmp", 350}};
+inline constexpr PlotWindow kPictures[] = {
+    {.window = kDiaPlot, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}};
 inline constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
 constexpr Procedure ResultsWindow(std::string_view window, std::string_view title,

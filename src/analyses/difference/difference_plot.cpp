@@ -14,9 +14,11 @@ namespace {
 
 constexpr std::string_view kPrintHeader = "/cDifference Plot/rPage #/p/n";
 constexpr std::string_view kFault = "Error occurred in Difference Plot analysis";
-constexpr PlotWindow kBothPlots[] = {{kAbsoluteWindow, kAbsoluteCaption},
-                                     {kRelativeWindow, kRelativeCaption}};
-constexpr PlotWindow kAbsolutePlot[] = {{kAbsoluteWindow, kAbsoluteCaption}};
+constexpr PlotWindow kBothPlots[] = {
+    {.window = kAbsoluteWindow, .caption = kAbsoluteCaption, .opens_empty = true},
+    {.window = kRelativeWindow, .caption = kRelativeCaption, .opens_empty = true}};
+constexpr PlotWindow kAbsolutePlot[] = {
+    {.window = kAbsoluteWindow, .caption = kAbsoluteCaption, .opens_empty = true}};
 
 constexpr FileMenu MenuWith(std::string_view back) {
   return {.back = back, .print = "&Print ", .save = "&Save As", .export_results = "E&xport"};

@@ -146,7 +146,8 @@ void RunSeveralSamples(Run& run) {
   Insist(run.messages, "Error in dotplot routine", [&] { DrawSamples(run, samples, summaries); });
 }
 
-constexpr PlotPicture kPictures[] = {{kDotPlotWindow, " Chart2D1.bmp", 350}};
+constexpr PlotWindow kPictures[] = {
+    {.window = kDotPlotWindow, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}};
 constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
 constexpr Procedure frmGenSeveralResults[] = {{

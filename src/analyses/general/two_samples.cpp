@@ -75,7 +75,8 @@ void RunTwoSamples(Run& run) {
   Insist(run.messages, routine.failure, [&] { routine.run(run, groups); });
 }
 
-constexpr PlotPicture kPictures[] = {{kDotPlotWindow, " Chart2D1.bmp", 350}};
+constexpr PlotWindow kPictures[] = {
+    {.window = kDotPlotWindow, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}};
 constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
 constexpr std::string_view kPlotFailure = "Error in t-test plot routine";

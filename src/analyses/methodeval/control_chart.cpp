@@ -168,7 +168,8 @@ void RunControlChart(Run& run) {
   DrawChart(run, data);
 }
 
-constexpr PlotPicture kPictures[] = {{"frmControlChartPlot", " Chart2D1.bmp", 350}};
+constexpr PlotWindow kPictures[] = {
+    {.window = "frmControlChartPlot", .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}};
 constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
 constexpr Procedure frmControlChart[] = {{

@@ -72,12 +72,13 @@ constexpr std::string_view kPrintHeader = "/cDetection Limit/rPage #/p/n";
 constexpr FailurePolicy kFailure{.fault = "Error occurred in DL/LOQ analysis",
                                  .aftermath = Aftermath::kWindowCloses};
 
-constexpr PlotPicture kBySdPictures[] = {
-    {kDlPlot, " Chart2D1.bmp", 250},
-    {kLoqPlot, " Chart2D1Res.bmp", 250},
+constexpr PlotWindow kBySdPictures[] = {
+    {.window = kDlPlot, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 250},
+    {.window = kLoqPlot, .caption = {}, .bitmap = " Chart2D1Res.bmp", .height = 250},
 };
 constexpr PlotJob kBySdJobs[] = {{.pictures = kBySdPictures}};
-constexpr PlotPicture kByEp17Pictures[] = {{kDotPlot, " Chart2D1.bmp", 350}};
+constexpr PlotWindow kByEp17Pictures[] = {
+    {.window = kDotPlot, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}};
 constexpr PlotJob kByEp17Jobs[] = {{.pictures = kByEp17Pictures}};
 
 constexpr Procedure kProcedures[] = {

@@ -56,15 +56,15 @@ constexpr FailurePolicy kFailure{.fault = "Error occurred in Linearity analysis"
 
 constexpr std::string_view kTitle = "Linearity Evaluation";
 
-constexpr PlotPicture kLackOfFitPictures[] = {
-    {"frmMethLinPlot1", " Chart2D1Plot1.bmp", 200},
-    {"frmMethLinPlot2", " Chart2D1Plot2.bmp", 150},
-    {"frmMethLinPlot3", " Chart2D1Plot3.bmp", 150},
+constexpr PlotWindow kLackOfFitPictures[] = {
+    {.window = "frmMethLinPlot1", .caption = {}, .bitmap = " Chart2D1Plot1.bmp", .height = 200},
+    {.window = "frmMethLinPlot2", .caption = {}, .bitmap = " Chart2D1Plot2.bmp", .height = 150},
+    {.window = "frmMethLinPlot3", .caption = {}, .bitmap = " Chart2D1Plot3.bmp", .height = 150},
 };
 constexpr PlotJob kLackOfFitJobs[] = {{.pictures = kLackOfFitPictures}};
-constexpr PlotPicture kPolynomialPictures[] = {
-    {"frmLinPolynPlot", " Chart2D1.bmp", 350},
-    {"frmLinPolynDifPlot", " Chart2D1Res.bmp", 150},
+constexpr PlotWindow kPolynomialPictures[] = {
+    {.window = "frmLinPolynPlot", .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350},
+    {.window = "frmLinPolynDifPlot", .caption = {}, .bitmap = " Chart2D1Res.bmp", .height = 150},
 };
 constexpr PlotJob kPolynomialJobs[] = {{.pictures = kPolynomialPictures}};
 

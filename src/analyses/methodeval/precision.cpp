@@ -30,9 +30,9 @@ constexpr Dialog frmMethPrecisionOpt{
 };
 static_assert(WellFormed(frmMethPrecisionOpt));
 
-constexpr PlotPicture kPictures[] = {
-    {kValuesWindow, " Chart2D1.bmp", 250},
-    {kMeansWindow, " Chart2D1M.bmp", 250},
+constexpr PlotWindow kPictures[] = {
+    {.window = kValuesWindow, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 250},
+    {.window = kMeansWindow, .caption = {}, .bitmap = " Chart2D1M.bmp", .height = 250},
 };
 constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 

@@ -134,9 +134,9 @@ void RunPairs(Run& run) {
 
 // --- Windows
 
-constexpr PlotPicture kPictures[] = {
-    {"frmPrecPlot1", " Chart2D1.bmp", 250},
-    {"frmPrecPlot2", " Chart2D1Res.bmp", 250},
+constexpr PlotWindow kPictures[] = {
+    {.window = "frmPrecPlot1", .caption = {}, .bitmap = " Chart2D1.bmp", .height = 250},
+    {.window = "frmPrecPlot2", .caption = {}, .bitmap = " Chart2D1Res.bmp", .height = 250},
 };
 constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 

@@ -179,9 +179,9 @@ void RunPairs(Run& run) {
 
 // --- Windows
 
-constexpr PlotPicture kPictures[] = {
-    {"frmMethTruenessPlot2", " Chart2D1.bmp", 250},
-    {"frmMethTruenessPlot1a", " Chart2D1Res.bmp", 250},
+constexpr PlotWindow kPictures[] = {
+    {.window = "frmMethTruenessPlot2", .caption = {}, .bitmap = " Chart2D1.bmp", .height = 250},
+    {.window = "frmMethTruenessPlot1a", .caption = {}, .bitmap = " Chart2D1Res.bmp", .height = 250},
 };
 constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 

@@ -26,6 +26,31 @@ inline Weighting TakeWeighting(const Form& form) {
   return {form.Number32(kWeightingExponent), form.Number32(kTruncationLimit)};
 }
 
+namespace quantity {
+inline constexpr Quantity kExponent{
+    .name = "weighting_exponent", .caption = {}, .width = Width::k32};
+inline constexpr Quantity kTruncationLimit{
+    .name = "truncation_limit", .caption = {}, .unit = Unit::kMeasurand, .width = Width::k32};
+inline constexpr Quantity kWeightedCorrelation{.name = "correlation.weighted", .caption = {}};
+inline constexpr Quantity kSDyxFactor{.name = "sd_yx.factor", .caption = {}};
+}  // namespace quantity
+
+// A method's own words for its weights.
+struct WeightingRows {
+  Quantity exponent, limit;
+  std::string_view square_root, proportional;  // what the exponents 1 and 2 mean
+
+  constexpr std::array<Quantity, 2> All() const { return {exponent, limit}; }
+};
+
+inline void WriteExponent(ResultsSheet& sheet, int row, const WeightingRows& rows,
+                          const Weighting& weighting) {
+  std::string_view relationship;
+  if (weighting.P == 1) relationship = rows.square_root;
+  if (weighting.P == 2) relationship = rows.proportional;
+  sheet.Row(row, rows.exponent(Real(weighting.P)), relationship);
+}
+
 inline void RefuseNegativeOrZero(const Run& run, std::span<const Real> values,
                                  std::string_view words) {
   if (std::ranges::any_of(values, [](Real value) { return value <= 0; })) run.Refuse(words);
