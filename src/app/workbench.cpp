@@ -124,8 +124,8 @@ OpenAnalysis& Workbench::Open(const Analysis& analysis) {
 Outcome Workbench::PressOk(OpenAnalysis& open) {
   const WaitPointer wait(platform_);
   open.notices.clear();
-  if (const Rule* broken = open.form.BrokenRule(open.notices)) {
-    RunMessages(platform_).Tell(broken->words);
+  if (const auto refusal = open.form.BrokenRule(open.notices); !refusal.empty()) {
+    RunMessages(platform_).Tell(refusal);
     platform_.ShowNotices(open.notices);
     return Outcome::kRefused;
   }
@@ -142,7 +142,7 @@ Outcome Workbench::PressOk(OpenAnalysis& open) {
 
 ResultsWindow Workbench::RunProcedure(const OpenAnalysis& open) {
   const Procedure& procedure = ProcedureFor(*open.analysis, open.form);
-  ResultsWindow window{&procedure, procedure.title(open.form), ResultsSheet(project_.context()),
+  ResultsWindow window{&procedure, TitleOf(procedure, open.form), ResultsSheet(project_.context()),
                        open.form};
   RunMessages messages(platform_);
   Run run{open.form, project_.worksheet(), project_.context(), messages, window.sheet};

@@ -74,7 +74,7 @@ Json ResultsJson(const OpenAnalysis& open) {
   if (!open.results) {
     const Procedure& procedure = ProcedureFor(*open.analysis, open.form);
     return {{"window", procedure.window},
-            {"title", procedure.title(open.form)},
+            {"title", TitleOf(procedure, open.form)},
             {"open", false},
             {"cells", Json::array()},
             {"quantities", Json::object()}};

@@ -57,7 +57,8 @@ struct PlotButton {
 struct Procedure {
   When when{};  // of an analysis' procedures the first runs whose condition holds
   std::string_view window;
-  std::string (*title)(const Form&);
+  std::string_view title;
+  std::string_view (*title_end)(const Form&) = nullptr;  // what follows the title, by the form
   FileMenu menu{};
   std::string_view print_header{};
   std::span<const PlotJob> plot_jobs{};
@@ -68,6 +69,9 @@ struct Procedure {
   FailurePolicy failure{};
   void (*run)(Run&);
 };
+
+// The title of the window that a run by this form shows.
+std::string TitleOf(const Procedure& procedure, const Form& form);
 
 struct Analysis {
   std::string_view id;  // what the batch program calls it

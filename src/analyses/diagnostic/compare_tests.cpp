@@ -164,9 +164,7 @@ void RunComparison(Run& run) {
 }
 
 constexpr Procedure frmDiaCompResults[] = {ResultsWindow(
-    "frmDiaCompResults",
-    [](const Form&) -> std::string { return "Quorval      Comparison of Diagnostic tests"; },
-    RunComparison)};
+    "frmDiaCompResults", "Quorval      Comparison of Diagnostic tests", RunComparison)};
 
 }  // namespace
 

@@ -53,7 +53,7 @@ inline constexpr PlotWindow kPictures[] = {
     {.window = kDiaPlot, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}};
 inline constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
-constexpr Procedure ResultsWindow(std::string_view window, std::string (*title)(const Form&),
+constexpr Procedure ResultsWindow(std::string_view window, std::string_view title,
                                   void (*run)(Run&)) {
   return {
       .window = window,

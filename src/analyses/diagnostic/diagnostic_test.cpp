@@ -32,10 +32,8 @@ TwoGroups TakeGroups(Run& run) {
           .SecondSample = std::move(second.sample)};
 }
 
-constexpr Procedure frmDiaResults[] = {ResultsWindow(
-    "frmDiaResults",
-    [](const Form&) -> std::string { return "Quorval      Diagnostic test Evaluation"; },
-    [](Run& run) {
+constexpr Procedure frmDiaResults[] = {
+    ResultsWindow("frmDiaResults", "Quorval      Diagnostic test Evaluation", [](Run& run) {
       const TwoGroups groups = TakeGroups(run);
       if (run.form.Holds(kByRoc))
         EvaluateRocCurve(run, groups);

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <limits>
 
+#include "analyses/class_options.h"
 #include "analyses/colours.h"
 #include "analyses/diagnostic/options.h"
 #include "core/failure.h"
-#include "stats/histogram.h"
 
 namespace quorval::diagnostic {
 namespace {

@@ -153,7 +153,7 @@ constexpr PlotJob kPlotJobs[] = {
 
 constexpr Procedure frmGenOneResults[] = {{
     .window = "frmGenOneResults",
-    .title = [](const Form&) -> std::string { return "General Statistics: One Sample"; },
+    .title = "General Statistics: One Sample",
     .menu = {.save = "&Save As"},
     .print_header = "/cGeneral Statistics - One sample/rPage #/p/n",
     .plot_jobs = kPlotJobs,

@@ -83,7 +83,7 @@ constexpr std::string_view kPlotFailure = "Error in t-test plot routine";
 
 constexpr Procedure frmGenTwoResults[] = {{
     .window = "frmGenTwoResults",
-    .title = [](const Form&) -> std::string { return "General Statistics: Two Samples"; },
+    .title = "General Statistics: Two Samples",
     .menu = {.save = "&Save As", .print_plots = "P&rint Plot"},
     .print_header = "/cGeneral Statistics - Two Samples/rPage #/p/n",
     .plot_jobs = kPlotJobs,

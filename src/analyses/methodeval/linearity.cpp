@@ -33,9 +33,8 @@ constexpr Field kFields[] = {
 };
 
 constexpr Rule kRules[] = {
-    {[](const Form& form) { return AnyOutsideWorksheet(form, kStartColumn, kLastColumn); },
-     kColumnRefused},
-    {[](const Form& form) { return NotPositive(form, kOutlierLimit); }, kOptionRefused},
+    DemandsOf(kStartColumn, kLastColumn),
+    DemandsOf(kOutlierLimit),
 };
 
 constexpr Dialog frmMethLinearityOpt{
@@ -55,7 +54,7 @@ constexpr std::string_view kPrintHeader = "/cLinearity Results/rPage #/p/n";
 constexpr FailurePolicy kFailure{.fault = "Error occurred in Linearity analysis",
                                  .aftermath = Aftermath::kWindowCloses};
 
-std::string Title(const Form&) { return "Linearity Evaluation"; }
+constexpr std::string_view kTitle = "Linearity Evaluation";
 
 constexpr PlotWindow kLackOfFitPictures[] = {
     {.window = "frmMethLinPlot1", .caption = {}, .bitmap = " Chart2D1Plot1.bmp", .height = 200},
@@ -73,7 +72,7 @@ constexpr Procedure LackOfFitProcedure(When procedure) {
   return {
       .when = procedure,
       .window = "frmMethLinearity",
-      .title = Title,
+      .title = kTitle,
       .menu = MenuWith("&Select Options for Linearity Eval."),
       .print_header = kPrintHeader,
       .plot_jobs = kLackOfFitJobs,
@@ -88,7 +87,7 @@ constexpr Procedure kProcedures[] = {
     LackOfFitProcedure(kWlr),
     {.when = kPolynomial,
      .window = "frmLinPolynReg",
-     .title = Title,
+     .title = kTitle,
      .menu = MenuWith("Select linearity &Options"),
      .print_header = kPrintHeader,
      .plot_jobs = kPolynomialJobs,

@@ -29,11 +29,10 @@ constexpr Field kFields[] = {
 };
 
 constexpr Rule kRules[] = {
-    kIdColumnRule,
-    kFirstColumnsRule,
-    kLastColumnsRule,
-    {[](const Form& form) { return RatioRefused(form) || form.Number32(kOutlierLimit) <= 0; },
-     "Incompatible option value(s)"},
+    DemandsOf(kIdColumn),
+    DemandsOf(kFirstColumn, kSecondColumn),
+    DemandsOf(kThirdColumn, kFourthColumn),
+    DemandsOf(kSdRatio, kOutlierLimit),
 };
 
 constexpr Dialog MCstatF3so{
@@ -116,7 +115,7 @@ void Draw(Plots& plots, const DemingInput& input, const UnweightedResult& result
 
 constexpr Procedure MCstatF3s[] = {Comparison({
     .window = "MCstatF3s",
-    .title = [](const Form& form) { return WindowTitle("Deming Regression Analysis", form); },
+    .title = "Quorval      Deming Regression Analysis",
     .menu = {.back = "&Selection of Deming  Reg. options"},
     .print_header = "/cDeming Regression/rPage #/p/n",
     .plot_jobs = kPlotJobs,

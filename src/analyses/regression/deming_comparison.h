@@ -11,12 +11,9 @@
 
 namespace quorval::regression {
 
-inline constexpr Field kSdRatio{.key = "sd-ratio", .initial = "1", .shown = {kSingle}};
-
-// In the duplicate form the ratio is hidden, and estimated.
-inline bool RatioRefused(const Form& form) {
-  return !IsDuplicate(form) && form.Number32(kSdRatio) <= 0;
-}
+// Hidden in the duplicate form, where it is estimated.
+inline constexpr Field kSdRatio{
+    .key = "sd-ratio", .initial = "1", .shown = {kSingle}, .demand = kPositiveNumber};
 
 // --- Input
 

@@ -21,17 +21,16 @@ constexpr Field kFields[] = {
     kFourthColumn,
     kXc1,
     kXc2,
-    kOutlierLimit,
+    RefusedWith(kOutlierLimit, "Negative value for Outlier limit not allowed!"),
     Captioned(kShowResiduals, "Display x, y and residual values (y-(a0+bx))"),
     Captioned(kShowBands, "Display coordinates of 95%-confidence bands (at 11 positions)"),
     Captioned(kPlotBands, "Show 95%-confidence bands in plot"),
 };
 
 constexpr Rule kRules[] = {
-    kFirstColumnsRule,
-    kLastColumnsRule,
-    {[](const Form& form) { return form.Number32(kOutlierLimit) <= 0; },
-     "Negative value for Outlier limit not allowed!"},
+    DemandsOf(kFirstColumn, kSecondColumn),
+    DemandsOf(kThirdColumn, kFourthColumn),
+    DemandsOf(kOutlierLimit),
 };
 
 constexpr Dialog MCstatF1so{
@@ -124,10 +123,7 @@ void DrawOls(Plots& plots, const OlsInput& input, const OlsResult& result) {
 
 constexpr Procedure MCstatF1s[] = {Comparison({
     .window = "MCstatF1s",
-    .title =
-        [](const Form& form) {
-          return WindowTitle("Ordinary Least-Squares Regression Analysis", form);
-        },
+    .title = "Quorval      Ordinary Least-Squares Regression Analysis",
     .menu = {.back = "&Selection of Ord. L.-S.  Reg. options"},
     .print_header = "/cOrd. Linear regression/rPage #/p/n",
     .plot_jobs = kPlotJobs,

@@ -31,7 +31,10 @@ constexpr Field kFields[] = {
                 "than 100"},
 };
 
-constexpr Rule kRules[] = {kFirstColumnsRule, kLastColumnsRule};
+constexpr Rule kRules[] = {
+    DemandsOf(kFirstColumn, kSecondColumn),
+    DemandsOf(kThirdColumn, kFourthColumn),
+};
 
 constexpr Dialog MCstatF5so{
     .window = "MCstatF5so",
@@ -165,8 +168,7 @@ void DrawPassingBablok(Plots& plots, const ComparisonInput& input,
 
 constexpr Procedure MCstatF5s[] = {Comparison({
     .window = "MCstatF5s",
-    .title =
-        [](const Form& form) { return WindowTitle("Nonparametric Regression Analysis", form); },
+    .title = "Quorval      Nonparametric Regression Analysis",
     .menu = {.back = "&Selection of Nonpar.  Reg. options"},
     .print_header = "/cPassing-Bablok Regression/rPage #/p/n",
     .plot_jobs = kPlotJobs,

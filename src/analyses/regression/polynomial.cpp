@@ -310,7 +310,7 @@ void DrawPolynomial(Plots& plots, const PolynomialInput& input, const Polynomial
 
 constexpr Procedure kProcedures[] = {{
     .window = "frmPolynReg",
-    .title = [](const Form&) { return std::string("Polynomial Regression Analysis"); },
+    .title = "Polynomial Regression Analysis",
     .menu = {.back = "&Select Options"},
     .print_header = "/cPolynomial regression/rPage #/p/n",
     .plot_jobs = kPlotJobs,

@@ -23,9 +23,8 @@ std::array<int, 4> ColumnNumbers(const Form& form) {
 
 }  // namespace
 
-std::string WindowTitle(std::string_view analysis, const Form& form) {
-  return "Quorval      " + std::string(analysis) +
-         (IsDuplicate(form) ? "    Duplicate (x1, x2, y1, y2)" : "    Single (x, y)");
+std::string_view ModeInTitle(const Form& form) {
+  return IsDuplicate(form) ? "    Duplicate (x1, x2, y1, y2)" : "    Single (x, y)";
 }
 
 Pairs ReadPairs(Run& run) {

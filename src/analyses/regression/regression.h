@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "analyses/column_options.h"
 #include "analyses/method_comparison.h"
 #include "core/analysis.h"
 #include "core/steps.h"
@@ -18,20 +19,29 @@ namespace quorval::regression {
 
 inline constexpr std::string_view kColumnsGroup = "Select data columns:";
 
-inline constexpr Field kIdColumn = InGroup(Text9, kColumnsGroup);
-inline constexpr Field kFirstColumn = InGroup(quorval::kFirstColumn, kColumnsGroup);
-inline constexpr Field kSecondColumn = InGroup(quorval::kSecondColumn, kColumnsGroup);
-inline constexpr Field kThirdColumn = InGroup(quorval::kThirdColumn, kColumnsGroup);
-inline constexpr Field kFourthColumn = InGroup(quorval::kFourthColumn, kColumnsGroup);
+// A column above the last one passes, and reads as an empty one.
+inline constexpr Demand kColumn{
+    .reading = Reading::kLeadingNumber, .least = 1, .refusal = "Selected column no. not allowed!"};
+constexpr Field ColumnField(Field field, const Demand& demand = kColumn) {
+  return InGroup(WithDemand(field, demand), kColumnsGroup);
+}
+inline constexpr Field kIdColumn = ColumnField(Text9, kColumn.Exempting(Demand::Exempt::kBlank));
+inline constexpr Field kFirstColumn = ColumnField(quorval::kFirstColumn);
+inline constexpr Field kSecondColumn = ColumnField(quorval::kSecondColumn);
+inline constexpr Field kThirdColumn = ColumnField(quorval::kThirdColumn);
+inline constexpr Field kFourthColumn = ColumnField(quorval::kFourthColumn);
 
 inline constexpr Field kXc1{
     .key = "xc1", .group = "Optional:", .caption = "Select critical value (Xc1):"};
 inline constexpr Field kXc2{
     .key = "xc2", .group = "Optional:", .caption = "Select critical value (Xc2):"};
+inline constexpr Demand kPositiveNumber{
+    .reading = Reading::kLeadingNumber32, .above = 0, .refusal = kOptionRefused};
 inline constexpr Field kOutlierLimit{
     .key = "outlier-limit",
     .caption = "Specify number of standard deviations as outlier rejection limit:",
-    .initial = "4"};
+    .initial = "4",
+    .demand = kPositiveNumber};
 
 // Tick boxes; each method has its own captions for them.
 inline constexpr Field kShowResiduals{
@@ -39,20 +49,8 @@ inline constexpr Field kShowResiduals{
 inline constexpr Field kShowBands{.key = "show-bands", .kind = FieldKind::kCheck, .initial = "off"};
 inline constexpr Field kPlotBands{.key = "plot-bands", .kind = FieldKind::kCheck, .initial = "on"};
 
-inline constexpr std::string_view kColumnRefused = "Selected column no. not allowed!";
-inline constexpr Rule kIdColumnRule{
-    [](const Form& form) { return !form.Blank(Text9) && form.Number(Text9) < 1; }, kColumnRefused};
-inline constexpr Rule kFirstColumnsRule{
-    [](const Form& form) { return form.Number(Text10) < 1 || form.Number(Text11) < 1; },
-    kColumnRefused};
-inline constexpr Rule kLastColumnsRule{
-    [](const Form& form) {
-      return IsDuplicate(form) && (form.Number(Text12) < 1 || form.Number(Text13) < 1);
-    },
-    kColumnRefused};
-
-// "Quorval      " + the name of the analysis + the mode.
-std::string WindowTitle(std::string_view analysis, const Form& form);
+// How the title of a results window ends.
+std::string_view ModeInTitle(const Form& form);
 
 // --- Windows
 
@@ -75,8 +73,10 @@ constexpr std::array<PlotWindow, 2> PlotsCaptioned(std::string_view xy_caption) 
             .goes_to_sheet = true}}};
 }
 
-// A method's own procedure with what all of them have: the words of a failure.
+// A method's own procedure with what all of them have: the mode in the title, and the words of a
+// failure.
 constexpr Procedure Comparison(Procedure own) {
+  own.title_end = ModeInTitle;
   own.failure = {.fault = "Error occurred", .second = "Error occurred"};
   return own;
 }

@@ -34,15 +34,10 @@ constexpr Field kFields[] = {
 };
 
 constexpr Rule kRules[] = {
-    kIdColumnRule,
-    kFirstColumnsRule,
-    kLastColumnsRule,
-    {[](const Form& form) {
-       const Single exponent = form.Number32(kWeightingExponent);
-       return exponent < 0 || exponent > 2 || form.Number32(kTruncationLimit) < 0 ||
-              form.Number32(kOutlierLimit) <= 0 || RatioRefused(form);
-     },
-     "Incompatible option value(s)"},
+    DemandsOf(kIdColumn),
+    DemandsOf(kFirstColumn, kSecondColumn),
+    DemandsOf(kThirdColumn, kFourthColumn),
+    DemandsOf(kWeightingExponent, kTruncationLimit, kOutlierLimit, kSdRatio),
 };
 
 constexpr Dialog MCstatF4so{
@@ -168,8 +163,7 @@ void Draw(Plots& plots, const WeightedDemingInput& input, const WeightedDemingRe
 
 constexpr Procedure MCstatF4s[] = {Comparison({
     .window = "MCstatF4s",
-    .title =
-        [](const Form& form) { return WindowTitle("Weighted Deming Regression Analysis", form); },
+    .title = "Quorval      Weighted Deming Regression Analysis",
     .menu = {.back = "&Selection of W. Deming  Reg. options"},
     .print_header = "/cWeighted Deming Regression/rPage #/p/n",
     .plot_jobs = kPlotJobs,

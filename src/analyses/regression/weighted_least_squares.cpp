@@ -24,10 +24,14 @@ constexpr Field kFields[] = {
     kFourthColumn,
     kXc1,
     kXc2,
-    InGroup(Captioned(kWeightingExponent,
+    InGroup(Captioned(RefusedWith(kWeightingExponent,
+                                  "Weighting exponent should be between zero and 2 incl."),
                       "Weighting exponent (0 - 2): (2 corresponds to proportional weighting)"),
             kWeightingGroup),
-    InGroup(Captioned(kTruncationLimit, "Lower limit of truncation:"), kWeightingGroup),
+    InGroup(Captioned(RefusedWith(kTruncationLimit,
+                                  "Negative value for Lower limit of truncation not allowed"),
+                      "Lower limit of truncation:"),
+            kWeightingGroup),
     kOutlierLimit,
     Captioned(kShowResiduals, "Display x, y ,estim. y and residuals"),
     Captioned(kShowBands, "Display coordinates of 95%-confidence band (at 11 positions)"),
@@ -35,17 +39,12 @@ constexpr Field kFields[] = {
 };
 
 constexpr Rule kRules[] = {
-    kIdColumnRule,
-    kFirstColumnsRule,
-    kLastColumnsRule,
-    {[](const Form& form) { return form.Number32(kOutlierLimit) <= 0; },
-     "Incompatible option value(s)"},
-    {[](const Form& form) { return form.Number32(kTruncationLimit) < 0; },
-     "Negative value for Lower limit of truncation not allowed"},
-    {[](const Form& form) {
-       return form.Number32(kWeightingExponent) < 0 || form.Number32(kWeightingExponent) > 2;
-     },
-     "Weighting exponent should be between zero and 2 incl."},
+    DemandsOf(kIdColumn),
+    DemandsOf(kFirstColumn, kSecondColumn),
+    DemandsOf(kThirdColumn, kFourthColumn),
+    DemandsOf(kOutlierLimit),
+    DemandsOf(kTruncationLimit),
+    DemandsOf(kWeightingExponent),
 };
 
 constexpr Dialog MCstatF2so{
@@ -166,10 +165,7 @@ std::optional<Rejection> KeepWls(const WlsInput& input, const WlsResult& result)
 
 constexpr Procedure MCstatF2s[] = {Comparison({
     .window = "MCstatF2s",
-    .title =
-        [](const Form& form) {
-          return WindowTitle("Weighted Least-Squares Regression Analysis", form);
-        },
+    .title = "Quorval      Weighted Least-Squares Regression Analysis",
     .menu = {.back = "&Selection of Weighted L.-S.  Reg. options"},
     .print_header = "/cWeighted Linear Regression/rPage #/p/n",
     .plot_jobs = kPlotJobs,

@@ -6,8 +6,15 @@
 namespace quorval::regression {
 
 // Each method has its own captions for these.
-inline constexpr Field kWeightingExponent{.key = "weighting-exponent", .initial = "2"};
-inline constexpr Field kTruncationLimit{.key = "truncation-limit", .initial = "0"};
+inline constexpr Field kWeightingExponent{
+    .key = "weighting-exponent",
+    .initial = "2",
+    .demand = {
+        .reading = Reading::kLeadingNumber32, .least = 0, .most = 2, .refusal = kOptionRefused}};
+inline constexpr Field kTruncationLimit{
+    .key = "truncation-limit",
+    .initial = "0",
+    .demand = {.reading = Reading::kLeadingNumber32, .least = 0, .refusal = kOptionRefused}};
 
 // A point at u weighs 1 / u^P, and not more than at T where T is above 0.
 struct Weighting {
