@@ -24,4 +24,16 @@ constexpr Field ClassCountField(std::string_view key, const Field& choice) {
 HistogramClasses ChooseClasses(const Form& form, const Field& choice, const Field& count,
                                const Description& values, Real N);
 
+// The same for a plot that reads its fields only when it is drawn: what cannot be read is then the
+// plot's failure.
+struct ClassOptions {
+  const Form& form;
+  const Field& choice;
+  const Field& count;
+
+  HistogramClasses For(const Description& values, Real N) const {
+    return ChooseClasses(form, choice, count, values, N);
+  }
+};
+
 }  // namespace quorval

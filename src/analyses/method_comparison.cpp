@@ -25,16 +25,13 @@ void WriteOutliers(ResultsSheet& sheet, const OutlierRows& rows, const OutlierMa
     sheet.Row(rows.count, "  No outliers identified");
   }
   sheet.Row(rows.count + 1, quantity::kOutlierLimit(Real(limit)));
-  const ResultsSheet::Listing listing(sheet, kOutlierList);
-  int listed = 0;
-  for (std::size_t i = 0; i < outliers.flags.size() && listed < kMostOutliersListed; ++i) {
-    if (!outliers.flags[i]) continue;
-    sheet.Row(rows.first + 2 * listed, "  No.", static_cast<int>(i) + 1);
-    sheet.Row(rows.first + 1 + 2 * listed, "  Outlier (x, y)", x[i], y[i]);
-    ++listed;
-  }
-  if (outliers.count > kMostOutliersListed)
-    sheet.Row(rows.more, "More than 5 outlier pairs which are not displayed ");
+  ListFirstMarked(sheet, kOutlierList, outliers, rows.more,
+                  "More than 5 outlier pairs which are not displayed ",
+                  [&](int listed, std::size_t i) {
+                    const int row = rows.first + 2 * listed;
+                    sheet.Row(row, "  No.", static_cast<int>(i) + 1);
+                    sheet.Row(row + 1, "  Outlier (x, y)", x[i], y[i]);
+                  });
 }
 
 }  // namespace quorval

@@ -6,6 +6,7 @@
 #include <span>
 #include <string_view>
 
+#include "analyses/outlier_list.h"
 #include "analyses/quantities.h"
 #include "core/intake.h"
 #include "stats/primitives.h"
@@ -55,9 +56,6 @@ Sample MeansOf(std::span<const Real> a, std::span<const Real> b);
 // The points whose mark equals `marked`.
 Points Select(std::span<const Real> x, std::span<const Real> y, const OutlierMarks& outliers,
               bool marked);
-
-// At most so many outliers are listed on a sheet; all are counted.
-inline constexpr int kMostOutliersListed = 5;
 
 struct OutlierRows {
   int count;  // the limit stands in the next row

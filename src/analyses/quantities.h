@@ -12,4 +12,15 @@ inline constexpr Quantity kOutliers{
 inline constexpr Quantity kOutlierLimit{
     .name = "outlier_limit", .caption = "  Outlier limit: No. of SDs", .width = Width::k32};
 
+// Of one sample.
+inline constexpr Quantity kMean{"mean", "  Mean: ", Unit::kMeasurand};
+inline constexpr Quantity kSD{"sd", "  SD: ", Unit::kMeasurand};
+inline constexpr Quantity kMedian{"median", "  Median: ", Unit::kMeasurand};
+inline constexpr Quantity kMin{"min", "  Minimum: ", Unit::kMeasurand};
+inline constexpr Quantity kMax{"max", "  Maximum: ", Unit::kMeasurand};
+inline constexpr Quantity kSkewness{"skewness", "  Skewness: "};
+inline constexpr Quantity kKurtosis{"kurtosis", "  Kurtosis: "};
+// Of the test of normality, where its P is a number and no class.
+inline constexpr Quantity kNormalityP{"normality.p", "  P "};
+
 }  // namespace quorval::quantity

@@ -124,6 +124,8 @@ class ResultsSheet {
   void Give(int row, int column, const Quantity& quantity, BoldNumber value) {
     Give(row, column, quantity, value.number);
   }
+  // A text that is a number has its value; another, such as "> 0.5", has none.
+  void Give(int row, int column, const Quantity& quantity, std::string_view text);
   void List(int row, int column);
 
   const Context* context_;

@@ -43,7 +43,7 @@ void DrawRelativeHistogram(Run& run, const OneSample& sample) {
 }
 
 void DrawCumulative(Run& run, const OneSample& sample) {
-  AddCumulative(run,
+  AddCumulative(run.messages,
                 AddTitledPlot(run, kCumulativeWindow, "Cumulative distribution with Gauss",
                               sample.name, kCumulativeFrequency),
                 sample.x);
