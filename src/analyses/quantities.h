@@ -7,6 +7,12 @@
 namespace quorval::quantity {
 
 inline constexpr Quantity kCount{.name = "n", .caption = {}, .width = Width::kWhole};
+inline constexpr Quantity kMin{"min", "  Minimum: ", Unit::kMeasurand};
+inline constexpr Quantity kMax{"max", "  Maximum: ", Unit::kMeasurand};
+inline constexpr Quantity kMedian{"median", "  Median: ", Unit::kMeasurand};
+inline constexpr Quantity kMean{"mean", "  Mean: ", Unit::kMeasurand};
+inline constexpr Quantity kMeanSe{"mean.se", "  SEM: ", Unit::kMeasurand};
+inline constexpr Quantity kSd{"sd", "  SD: ", Unit::kMeasurand};
 inline constexpr Quantity kOutliers{
     .name = "outliers", .caption = "  Number of outliers identified", .width = Width::kWhole};
 inline constexpr Quantity kOutlierLimit{
