@@ -3,6 +3,7 @@
 
 #include <zip.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -28,9 +29,11 @@ class ZipReader {
     void operator()(zip_t* archive) const { zip_discard(archive); }
     void operator()(zip_file_t* part) const { zip_fclose(part); }
   };
+  std::optional<std::string> Packed(const zip_stat_t& about) const;
 
   Budget& budget_;
   std::unique_ptr<zip_t, Close> archive_;
+  std::uintmax_t file_size_;
 };
 
 }  // namespace quorval
