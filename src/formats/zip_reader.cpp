@@ -41,7 +41,7 @@ std::optional<std::string> Inflated(std::string_view packed, std::size_t size) {
 }  // namespace
 
 ZipReader::ZipReader(const std::filesystem::path& path, Budget& budget)
-    : budget_(budget), archive_(Open(path)), file_size_(std::filesystem::file_size(path)) {
+    : budget_(budget), archive_(Open(path)) {
   budget_.parts.Take(static_cast<std::uint64_t>(zip_get_num_entries(archive_.get(), 0)));
 }
 
@@ -59,6 +59,7 @@ std::optional<std::string> ZipReader::Read(std::string_view part) const {
     throw FileError("the workbook is protected by a password");
   if (about.comp_method != ZIP_CM_STORE && about.comp_method != ZIP_CM_DEFLATE)
     throw FileError("the workbook is packed in a way that workbooks are not");
+  budget_.packed.Take(about.comp_size);
   budget_.unpacked.Take(about.size);
   std::optional<std::string> bytes = Packed(about);
   if (bytes && about.comp_method == ZIP_CM_DEFLATE) bytes = Inflated(*bytes, about.size);
@@ -68,11 +69,11 @@ std::optional<std::string> ZipReader::Read(std::string_view part) const {
   return bytes;
 }
 
-// The part's bytes as they stand in the file; none where it does not hold so many.
+// The part's bytes as they stand in the file; none where it breaks off before.
 std::optional<std::string> ZipReader::Packed(const zip_stat_t& about) const {
   const std::unique_ptr<zip_file_t, Close> part(
       zip_fopen_index(archive_.get(), about.index, ZIP_FL_COMPRESSED));
-  if (!part || about.comp_size > file_size_) return std::nullopt;
+  if (!part) return std::nullopt;
   std::string bytes(about.comp_size, '\0');
   const zip_int64_t read = zip_fread(part.get(), bytes.data(), bytes.size());
   if (read != static_cast<zip_int64_t>(bytes.size())) return std::nullopt;

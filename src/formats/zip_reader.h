@@ -3,7 +3,6 @@
 
 #include <zip.h>
 
-#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -33,7 +32,6 @@ class ZipReader {
 
   Budget& budget_;
   std::unique_ptr<zip_t, Close> archive_;
-  std::uintmax_t file_size_;
 };
 
 }  // namespace quorval
