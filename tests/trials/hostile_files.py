@@ -72,9 +72,9 @@ def archive(parts, method=8, flags=0, change=lambda entry: entry, entries=0, ove
         fields = struct.pack("<HHHHHIIIHH", 20, flags, method, 0, 0x21, crc, len(data), size, len(name), 0)
         directory += [struct.pack("<IH", 0x02014B50, 20), fields, struct.pack("<HHHII", 0, 0, 0, 0, place),
                       name.encode()]
-        body += [struct.pack("<I", 0x04034B50), fields, name.encode(), data]
+        body.append(struct.pack("<I", 0x04034B50) + fields + name.encode() + data)
         place += 0 if overlaid else 30 + len(name) + len(data)
-    count, body, directory = len(named), b"".join(body), b"".join(directory)
+    count, body, directory = len(named), b"".join(body[:1] if overlaid else body), b"".join(directory)
     return body + directory + struct.pack("<IHHHHIIH", 0x06054B50, 0, 0, count, count, len(directory), len(body), 0)
 
 
