@@ -2,8 +2,7 @@
 """The manual tells every message, lists every page, and none of its links leads nowhere.
 
 Finds the texts of message boxes in the sources by the ways in which they are written: the calls that
-tell or refuse, the rules of dialogs, the named words of failures, and the phrases that all other
-messages share.
+tell or refuse, the named words of failures, and the phrases that all other messages share.
 """
 import pathlib
 import re
@@ -19,7 +18,7 @@ CALLS = (r"\b(?:Tell|TellAlso|Told|Refuse\w*|refuse|Fail|Insist|Attempt|Guarded|
          r"|warning)")
 TOLD = [
     rf"{CALLS}\((?:[^\"{{;]|\{{\.text = )*?({TEXT})",
-    rf"\.(?:fault|second|failure|unreached|inverse_fault) = (?:\w+ \? )?({TEXT})",
+    rf"\.(?:fault|second|failure|unreached|inverse_fault|refusal) = (?:\w+ \? )?({TEXT})",
     rf"\bk\w*(?:Refused|Fault|Failure|NotComputed|TooFew\w*|NoHelp)\s*=\s*({TEXT})",
 ]
 PHRASE = re.compile(
@@ -34,8 +33,6 @@ def spoken(literals):
 def messages(code):
     code = re.sub(r"(?m)//.*$", "", code)
     found = [match for pattern in TOLD for match in re.findall(pattern, code)]
-    for rules in re.findall(r"\bRule kRules\[\] = \{(.*?)\};\n", code, re.S):
-        found += re.findall(TEXT, rules)
     texts = {spoken(text) for text in found}
     texts |= {text for text in map(spoken, re.findall(TEXT, code)) if PHRASE.search(text)}
     return {text for text in texts if " " in text or text == "Error"}

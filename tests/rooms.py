@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Each folder of src/ includes only what the architecture page lets it know, and only the folders of
-the windows know Qt."""
+"""Each folder of src/ includes only what the architecture page lets it know, the statistics know no
+options, and only the folders of the windows know Qt."""
 import pathlib
 import re
 import sys
@@ -18,6 +18,7 @@ KNOWS = {
     "desktop": LOGIC | {"app", "painting"},
     "batch": LOGIC | {"app", "painting"},
 }
+OPTIONS = {"core/dialog.h", "core/form.h", "core/run.h", "core/analysis.h"}
 QT = {"painting", "desktop", "batch"}
 
 source = pathlib.Path(__file__).resolve().parent.parent / "src"
@@ -28,9 +29,10 @@ for path in sorted(source.rglob("*")):
         continue
     room = path.relative_to(source).parts[0]
     for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
-        ours = re.match(r'#include "(\w+)/', line)
+        ours = re.match(r'#include "((\w+)/[^"]*)"', line)
         qt = re.match(r"#include <(Q[A-Z]|qcustomplot)", line)
-        strange = ours and ours[1] != room and ours[1] not in KNOWS.get(room, set())
+        strange = ours and (ours[2] not in KNOWS.get(room, set()) | {room} or
+                            (room == "stats" and ours[1] in OPTIONS))
         if strange or (qt and room not in QT):
             faults.append(f"{path.relative_to(source.parent)}:{number}: {line}")
 print("\n".join(faults))

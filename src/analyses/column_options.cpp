@@ -3,19 +3,10 @@
 #include <string>
 
 namespace quorval {
-namespace {
-
-bool Accepts(const ColumnLimit& limit, int column) { return column >= 1 && column <= limit.last; }
-
-}  // namespace
-
-bool OutsideWorksheet(const Form& form, const Field& column) {
-  return !Accepts(kAllColumns, form.Column(column));
-}
 
 int TakeColumn(const Run& run, const Field& field, const ColumnLimit& limit) {
   const int column = run.form.Column(field);
-  if (!Accepts(limit, column)) {
+  if (column < 1 || column > limit.last) {
     run.form.Note(field, "; this analysis reads the columns 1 to " + std::to_string(limit.last));
     run.Refuse(limit.refusal);
   }

@@ -10,18 +10,13 @@ namespace quorval {
 inline constexpr std::string_view kOptionRefused = "Incompatible option value(s)";
 inline constexpr std::string_view kWorksheetColumnRefused = "Selected column no. < 1 or > 500!";
 
-// Whether a field does not hold a column of the worksheet.  A Fault of an empty field or a word.
-bool OutsideWorksheet(const Form& form, const Field& column);
-
-template <class... Columns>
-bool AnyOutsideWorksheet(const Form& form, const Columns&... columns) {
-  return (OutsideWorksheet(form, columns) || ...);
-}
-
-// Whether a limit in SDs is not above 0.  A Fault of an empty field or a word.
-inline bool NotPositive(const Form& form, const Field& limit) {
-  return form.WholeNumber32(limit) <= 0;
-}
+inline constexpr Demand kWorksheetColumn{.reading = Reading::kTextAsInt16,
+                                         .least = 1,
+                                         .most = Worksheet::kColumns,
+                                         .refusal = kWorksheetColumnRefused};
+// A limit in SDs.
+inline constexpr Demand kPositiveLimit{
+    .reading = Reading::kTextAsNumber32, .above = 0, .refusal = kOptionRefused};
 
 // The columns that a run accepts: 1 to `last`.
 struct ColumnLimit {

@@ -20,11 +20,12 @@ Points Select(std::span<const Real> x, std::span<const Real> y, const OutlierMar
 void WriteOutliers(ResultsSheet& sheet, const OutlierRows& rows, const OutlierMarks& outliers,
                    Single limit, std::span<const Real> x, std::span<const Real> y) {
   if (outliers.count > 0) {
-    sheet.Row(rows.count, "  Number of outliers identified", outliers.count);
+    sheet.Row(rows.count, quantity::kOutliers(outliers.count));
   } else {
     sheet.Row(rows.count, "  No outliers identified");
   }
-  sheet.Row(rows.count + 1, "  Outlier limit: No. of SDs", Real(limit));
+  sheet.Row(rows.count + 1, quantity::kOutlierLimit(Real(limit)));
+  const ResultsSheet::Listing listing(sheet, kOutlierList);
   int listed = 0;
   for (std::size_t i = 0; i < outliers.flags.size() && listed < kMostOutliersListed; ++i) {
     if (!outliers.flags[i]) continue;

@@ -6,6 +6,7 @@
 #include <span>
 #include <string_view>
 
+#include "analyses/quantities.h"
 #include "core/intake.h"
 #include "stats/primitives.h"
 
@@ -63,6 +64,8 @@ struct OutlierRows {
   int first;  // of the list, two rows for each
   int more;   // says that not all are listed
 };
+inline constexpr std::array kOutlierQuantities{quantity::kOutliers, quantity::kOutlierLimit};
+inline constexpr NamedTable kOutlierList{"outlier_list", "The outliers: number, x and y"};
 
 // The count, the limit, and up to five of the marked points.
 void WriteOutliers(ResultsSheet& sheet, const OutlierRows& rows, const OutlierMarks& outliers,

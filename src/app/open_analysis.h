@@ -15,8 +15,8 @@ struct ResultsWindow {
   const Procedure* procedure;
   std::string title;
   ResultsSheet sheet;
-  Form options;               // as the run read them
-  std::vector<Plot> plots{};  // one for each plot window, in the order in which they were filled
+  Form options;   // as the run read them
+  Plots plots{};  // one for each plot window
   Outcome outcome = Outcome::kRefused;
   bool shown = false;
   // The points that were marked, where the analysis can be repeated without them: the window then
@@ -27,6 +27,8 @@ struct ResultsWindow {
 
   // The plot of this window; null where there is none.
   Plot* FindPlot(std::string_view window);
+  // What the analysis declares of its window.
+  const PlotWindow& DeclarationOf(const Plot& plot) const;
 };
 
 // An analysis from the opening of its dialog to its exit.  The dialog stays loaded, hidden, while

@@ -39,15 +39,17 @@ std::string JoinLines(std::span<const std::string> lines) {
 }
 
 // Takes the plots of a run.  Plot windows that it left empty open empty.
-void TakePlots(ResultsWindow& window, std::vector<Plot> plots) {
+void TakePlots(ResultsWindow& window, Plots plots) {
   window.plots = std::move(plots);
   for (const PlotWindow& one : window.procedure->plot_windows)
-    if (window.FindPlot(one.window) == nullptr)
-      window.plots.push_back(
-          {.window = std::string(one.window), .caption = std::string(one.caption)});
+    if (one.opens_empty && window.FindPlot(one.window) == nullptr) AddPlot(window.plots, one);
 }
 
 }  // namespace
+
+const PlotWindow& ResultsWindow::DeclarationOf(const Plot& plot) const {
+  return *std::ranges::find(procedure->plot_windows, plot.window, &PlotWindow::window);
+}
 
 Plot* ResultsWindow::FindPlot(std::string_view name) {
   const auto found = std::ranges::find(plots, name, &Plot::window);
@@ -122,8 +124,8 @@ OpenAnalysis& Workbench::Open(const Analysis& analysis) {
 Outcome Workbench::PressOk(OpenAnalysis& open) {
   const WaitPointer wait(platform_);
   open.notices.clear();
-  if (const Rule* broken = open.form.BrokenRule(open.notices)) {
-    RunMessages(platform_).Tell(broken->words);
+  if (const auto refusal = open.form.BrokenRule(open.notices); !refusal.empty()) {
+    RunMessages(platform_).Tell(refusal);
     platform_.ShowNotices(open.notices);
     return Outcome::kRefused;
   }
@@ -140,7 +142,7 @@ Outcome Workbench::PressOk(OpenAnalysis& open) {
 
 ResultsWindow Workbench::RunProcedure(const OpenAnalysis& open) {
   const Procedure& procedure = ProcedureFor(*open.analysis, open.form);
-  ResultsWindow window{&procedure, procedure.title(open.form), ResultsSheet(project_.context()),
+  ResultsWindow window{&procedure, TitleOf(procedure, open.form), ResultsSheet(project_.context()),
                        open.form};
   RunMessages messages(platform_);
   Run run{open.form, project_.worksheet(), project_.context(), messages, window.sheet};
@@ -247,7 +249,8 @@ void Workbench::PrintPlots(OpenAnalysis& open, std::string_view entry) {
 }
 
 void Workbench::AddPlotToSheet(OpenAnalysis& open, const Plot& plot) {
-  Picture picture = PictureOf(platform_, plot, project_.context().AppFolder / " Chart2D1Res.bmp");
+  const std::string_view bitmap = open.results->DeclarationOf(plot).bitmap;
+  Picture picture = PictureOf(platform_, plot, project_.context().AppFolder / bitmap);
   if (!picture) return Tell("Error");
   AddPictureBelow(open.results->sheet.grid(), std::move(picture));
 }

@@ -25,6 +25,28 @@ std::string_view KindWord(FieldKind kind) {
   }
 }
 
+std::string_view UnitWord(Unit unit) {
+  switch (unit) {
+    case Unit::kMeasurand:
+      return "measurand";
+    case Unit::kPercent:
+      return "percent";
+    default:
+      return "none";
+  }
+}
+
+std::string_view WidthWord(Width width) {
+  switch (width) {
+    case Width::kWhole:
+      return "whole";
+    case Width::k32:
+      return "32 bits";
+    default:
+      return "64 bits";
+  }
+}
+
 std::string Quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
 
 // --- As text
@@ -60,6 +82,20 @@ std::size_t WidestKey(const Form& form) {
   return widest;
 }
 
+void PrintQuantities(const Analysis& analysis) {
+  std::size_t widest = 0;
+  for (const Quantity& one : analysis.quantities) widest = std::max(widest, one.name.size());
+  for (const NamedTable& one : analysis.tables) widest = std::max(widest, one.name.size());
+  const int name_width = static_cast<int>(widest) + 2;
+  std::cout << "\nQuantities of the results sheet:\n";
+  for (const Quantity& one : analysis.quantities)
+    std::cout << std::setw(name_width) << one.name << std::setw(11) << UnitWord(one.unit)
+              << std::setw(9) << WidthWord(one.width) << Quoted(one.caption) << '\n';
+  if (!analysis.tables.empty()) std::cout << "\nTables of the results sheet:\n";
+  for (const NamedTable& one : analysis.tables)
+    std::cout << std::setw(name_width) << one.name << Quoted(one.caption) << '\n';
+}
+
 void PrintDescription(const MenuEntry& entry) {
   const Form form(*entry.analysis->dialog);
   const int key_width = static_cast<int>(WidestKey(form)) + 2;
@@ -72,6 +108,7 @@ void PrintDescription(const MenuEntry& entry) {
       std::cout << "  " << std::setw(key_width + 26) << choice.word << ' ' << Quoted(choice.caption)
                 << '\n';
   }
+  PrintQuantities(*entry.analysis);
 }
 
 // --- As JSON
@@ -108,6 +145,15 @@ Json DescriptionJson(const MenuEntry& entry) {
   json["fields"] = Json::array();
   const Form form(dialog);
   for (const Field* field : form.fields()) json["fields"].push_back(FieldJson(*field));
+  json["quantities"] = Json::array();
+  for (const Quantity& one : entry.analysis->quantities)
+    json["quantities"].push_back({{"name", one.name},
+                                  {"caption", one.caption},
+                                  {"unit", UnitWord(one.unit)},
+                                  {"width", WidthWord(one.width)}});
+  json["tables"] = Json::array();
+  for (const NamedTable& one : entry.analysis->tables)
+    json["tables"].push_back({{"name", one.name}, {"caption", one.caption}});
   return json;
 }
 
@@ -131,7 +177,8 @@ ExitStatus Describe(const DescribeOptions& options) {
 void AddDescribeCommand(CLI::App& program, Task& chosen) {
   CLI::App* const describe = program.add_subcommand(
       "describe",
-      "Describe an analysis' options dialog: key, kind, default and caption of each field");
+      "Describe an analysis: key, kind, default and caption of each field of its dialog, and the "
+      "names of what its results sheet shows");
   const auto options = std::make_shared<DescribeOptions>();
   describe->add_option("ANALYSIS", options->analysis, "The analysis' id, as \"list\" names it")
       ->required();

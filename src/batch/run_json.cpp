@@ -1,5 +1,6 @@
 #include "batch/run_json.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -56,20 +57,34 @@ Json CellsJson(const Grid& grid, int first_row = 1) {
   return json;
 }
 
+Json NumberJson(const GivenQuantity& given) {
+  if (given.quantity.width == Width::kWhole) return static_cast<std::int64_t>(given.value);
+  return given.value;
+}
+
+Json QuantitiesJson(std::span<const GivenQuantity> quantities) {
+  Json json = Json::object();
+  for (const GivenQuantity& given : quantities)
+    json[std::string(given.quantity.name)] = NumberJson(given);
+  return json;
+}
+
 // Where the dialog refused there is no window yet, and the one that would have come is named.
 Json ResultsJson(const OpenAnalysis& open) {
   if (!open.results) {
     const Procedure& procedure = ProcedureFor(*open.analysis, open.form);
     return {{"window", procedure.window},
-            {"title", procedure.title(open.form)},
+            {"title", TitleOf(procedure, open.form)},
             {"open", false},
-            {"cells", Json::array()}};
+            {"cells", Json::array()},
+            {"quantities", Json::object()}};
   }
   const ResultsWindow& results = *open.results;
   return {{"window", results.procedure->window},
           {"title", results.title},
           {"open", results.shown},
-          {"cells", CellsJson(results.sheet.grid())}};
+          {"cells", CellsJson(results.sheet.grid())},
+          {"quantities", QuantitiesJson(results.sheet.quantities())}};
 }
 
 // --- The plot windows

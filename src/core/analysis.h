@@ -24,17 +24,10 @@ struct FailurePolicy {
   Aftermath aftermath = Aftermath::kWindowStays;
 };
 
-// One picture of a printed plot page.
-struct PlotPicture {
-  std::string_view window;
-  std::string_view bitmap;  // the file that is left in the program folder, its leading blank kept
-  double height;            // points
-};
-
-// A print job of plots.  Jobs without an entry of their own are printed one after the other by the
-// window's common entry.
+// A print job of plots, one below the other on a page.  Jobs without an entry of their own are
+// printed one after the other by the window's common entry.
 struct PlotJob {
-  std::span<const PlotPicture> pictures;
+  std::span<const PlotWindow> pictures;
   std::string_view entry{};
 };
 
@@ -64,11 +57,12 @@ struct PlotButton {
 struct Procedure {
   When when{};  // of an analysis' procedures the first runs whose condition holds
   std::string_view window;
-  std::string (*title)(const Form&);
+  std::string_view title;
+  std::string_view (*title_end)(const Form&) = nullptr;  // what follows the title, by the form
   FileMenu menu{};
   std::string_view print_header{};
   std::span<const PlotJob> plot_jobs{};
-  std::span<const PlotWindow> plot_windows{};  // open beside the results, filled or not
+  std::span<const PlotWindow> plot_windows{};
   PlotButton plot_button{};
   KeptPicture kept_picture{};
   bool offers_tutorial = false;  // "&Tutorial" in the Help menu
@@ -76,10 +70,15 @@ struct Procedure {
   void (*run)(Run&);
 };
 
+// The title of the window that a run by this form shows.
+std::string TitleOf(const Procedure& procedure, const Form& form);
+
 struct Analysis {
   std::string_view id;  // what the batch program calls it
   const Dialog* dialog;
   std::span<const Procedure> procedures;
+  std::span<const Quantity> quantities{};  // that its sheets can show, each name once
+  std::span<const NamedTable> tables{};
   std::string_view manual;  // its page of the manual
 };
 

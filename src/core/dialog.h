@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <span>
 #include <string_view>
 
@@ -35,6 +36,44 @@ enum class FieldKind {
   kButton,  // opens another dialog over the same form
 };
 
+// How the text of a field is read.
+enum class Reading {
+  kAnyText,          // not as a number
+  kLeadingNumber,    // the number that the text starts with, 0 where there is none
+  kLeadingNumber32,  // the same, rounded to 32 bits
+  kTextAsNumber32,   // the number that the whole text is, rounded to 32 bits
+  kTextAsInt16,      // the whole text, rounded to an integer of 16 bits
+};
+
+// What OK demands of a text field: a number, read in this way, in this range.  A text that cannot
+// be read so does not meet it.
+struct Demand {
+  static constexpr double kUnbounded = std::numeric_limits<double>::infinity();
+  enum class Exempt { kNothing, kBlank, kNoNumber };
+
+  Reading reading = Reading::kAnyText;
+  double above = -kUnbounded, least = -kUnbounded, most = kUnbounded;
+  Exempt exempt = Exempt::kNothing;     // texts that pass
+  std::string_view refusal{};           // the words of the box
+  std::string_view refusal_if_blank{};  // those of a rule that wants the field filled
+
+  constexpr Demand Exempting(Exempt texts) const {
+    Demand demand = *this;
+    demand.exempt = texts;
+    return demand;
+  }
+  constexpr Demand RefusedWith(std::string_view words) const {
+    Demand demand = *this;
+    demand.refusal = words;
+    return demand;
+  }
+  constexpr Demand RefusedIfBlank(std::string_view words) const {
+    Demand demand = *this;
+    demand.refusal_if_blank = words;
+    return demand;
+  }
+};
+
 struct Field {
   std::string_view key{};
   FieldKind kind = FieldKind::kText;
@@ -49,15 +88,30 @@ struct Field {
   std::string_view other_caption{};
   When beside{};                  // a text field on the line of this choice of another field
   const Dialog* opens = nullptr;  // what a button opens
+  Demand demand{};
 
   constexpr bool Holds() const { return kind != FieldKind::kNote && kind != FieldKind::kButton; }
 };
 
-// What OK refuses.  A number beyond 32 bits in a field that the rule reads breaks it too.
+// What OK looks at in one go: the dialog's fields of these keys, as far as they are shown and not
+// grey; or the form as a whole, where fields have to suit each other.
 struct Rule {
-  bool (*broken)(const Form&);
-  std::string_view words;
+  enum class Asks { kDemandsMet, kFilled };
+
+  std::array<const Field*, 5> fields{};
+  Asks asks = Asks::kDemandsMet;
+  bool (*broken)(const Form&) = nullptr;
+  std::string_view refusal{};  // where the form breaks it; a field has words of its own
 };
+
+template <class... Fields>
+constexpr Rule DemandsOf(const Fields&... fields) {
+  return {.fields = {&fields...}};
+}
+
+constexpr Rule Filled(const Field& field) {
+  return {.fields = {&field}, .asks = Rule::Asks::kFilled};
+}
 
 struct Dialog {
   std::string_view window;
@@ -83,6 +137,16 @@ constexpr Field InGroup(Field field, std::string_view group) {
   return field;
 }
 
+constexpr Field WithDemand(Field field, const Demand& demand) {
+  field.demand = demand;
+  return field;
+}
+
+constexpr Field RefusedWith(Field field, std::string_view refusal) {
+  field.demand = field.demand.RefusedWith(refusal);
+  return field;
+}
+
 constexpr bool HasWord(const Field& field, std::string_view word) {
   if (field.kind == FieldKind::kText) return true;
   if (field.kind == FieldKind::kCheck) return word == "on" || word == "off";
@@ -90,7 +154,22 @@ constexpr bool HasWord(const Field& field, std::string_view word) {
                              [&](const Choice& choice) { return choice.word == word; });
 }
 
-// Whether each key stands once, each default is a choice, and each condition can come true.
+// Whether OK can look at each field of a rule, and has words to refuse it with.
+constexpr bool WellFormed(const Rule& rule, std::span<const Field> fields) {
+  if (rule.broken != nullptr) return !rule.refusal.empty();
+  return std::ranges::all_of(rule.fields, [&](const Field* named) {
+    return named == nullptr || std::ranges::any_of(fields, [&](const Field& field) {
+             const Demand& demand = field.demand;
+             if (field.key != named->key) return false;
+             return rule.asks == Rule::Asks::kFilled
+                        ? !demand.refusal_if_blank.empty()
+                        : demand.reading != Reading::kAnyText && !demand.refusal.empty();
+           });
+  });
+}
+
+// Whether each key stands once, each default is a choice, each condition can come true, and each
+// rule is told.
 constexpr bool WellFormed(const Dialog& dialog) {
   const auto fields = dialog.fields;
   const auto possible = [&](const When& when) {
@@ -109,7 +188,8 @@ constexpr bool WellFormed(const Dialog& dialog) {
     if (!std::ranges::all_of(field.enabled, possible)) return false;
     if (!possible(field.renamed) || !possible(field.beside)) return false;
   }
-  return true;
+  return std::ranges::all_of(dialog.rules,
+                             [&](const Rule& rule) { return WellFormed(rule, fields); });
 }
 
 }  // namespace quorval

@@ -17,6 +17,12 @@ struct Failure {
 };
 struct Refusal {};
 
+// Ends the run with these words.
+[[noreturn]] inline void Refuse(Messages& messages, std::string_view words) {
+  messages.Tell(words);
+  throw Refusal{};
+}
+
 // Runs `work`.  A Fault in it is told as `words` and goes no further; what the work had stored by
 // then stays.  True when the work came to its end.
 template <class Work>

@@ -9,11 +9,11 @@
 namespace quorval {
 namespace {
 
-bool IsBroken(const Rule& rule, const Form& form) {
+bool MeetsDemand(const Form& form, const Field& field) {
   try {
-    return rule.broken(form);
+    return form.Meets(field);
   } catch (const Fault&) {
-    return true;
+    return false;
   }
 }
 
@@ -125,6 +125,30 @@ bool Form::HoldsNumber(const Field& field) const {
   return false;
 }
 
+Real Form::ReadAsDemanded(const Field& field) const {
+  switch (field.demand.reading) {
+    case Reading::kLeadingNumber:
+      return Number(field);
+    case Reading::kLeadingNumber32:
+      return Number32(field);
+    case Reading::kTextAsNumber32:
+      return WholeNumber32(field);
+    case Reading::kTextAsInt16:
+      return Column(field);
+    case Reading::kAnyText:
+      break;
+  }
+  throw std::logic_error("nothing is demanded of " + std::string(field.key));
+}
+
+bool Form::Meets(const Field& field) const {
+  const Demand& demand = field.demand;
+  if (demand.exempt == Demand::Exempt::kBlank && Blank(field)) return true;
+  if (demand.exempt == Demand::Exempt::kNoNumber && !HoldsNumber(field)) return true;
+  const double number = Raw(ReadAsDemanded(field));
+  return number > demand.above && number >= demand.least && number <= demand.most;
+}
+
 Form::Listening::Listening(const Form& form, Notices& notices)
     : form_(form), before_(form.listener_.notices) {
   form.listener_.notices = notices;
@@ -191,18 +215,33 @@ void Form::TakeNested(const Form& other) {
       texts_[i] = other.texts_[i];
 }
 
-const Rule* Form::BrokenRule(Notices& notices) const {
+std::string_view Form::WordsOfBroken(const Rule& rule) const {
+  if (rule.broken != nullptr && rule.broken(*this)) return rule.refusal;
+  for (const Field* named : rule.fields) {
+    const Field* const field = named == nullptr ? nullptr : Find(named->key);
+    if (field == nullptr || !Holds(field->shown) || !Holds(field->enabled)) continue;
+    if (rule.asks == Rule::Asks::kFilled) {
+      if (Blank(*field)) return field->demand.refusal_if_blank;
+    } else if (!MeetsDemand(*this, *field)) {
+      return field->demand.refusal;
+    }
+  }
+  return {};
+}
+
+std::string_view Form::BrokenRule(Notices& notices) const {
   for (const Rule& rule : dialog_->rules) {
     Notices readings;
     const Listening listening(*this, readings);
-    if (!IsBroken(rule, *this)) continue;
+    const std::string_view words = WordsOfBroken(rule);
+    if (words.empty()) continue;
     // A rule looks no further than the field that breaks it.
     const Field* const culprit = Find(listener_.last_read);
     if (culprit != nullptr && culprit->key != listener_.last_noted) Note(*culprit, "");
     for (Notice& notice : readings) quorval::Note(notices, std::move(notice));
-    return &rule;
+    return words;
   }
-  return nullptr;
+  return {};
 }
 
 }  // namespace quorval

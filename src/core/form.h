@@ -38,6 +38,8 @@ class Form {
   bool Blank(const Field& field) const { return Read(field).empty(); }
   // Whether the whole text is a number.
   bool HoldsNumber(const Field& field) const;
+  // Whether the text meets the field's demand; a Fault where it cannot be read as demanded.
+  bool Meets(const Field& field) const;
 
   // While it lives, what the form shows in being read goes to the notices.
   class Listening {
@@ -69,8 +71,9 @@ class Form {
   // The fields that hold a value, in the order of the dialogs.
   const std::vector<const Field*>& fields() const { return fields_; }
 
-  // The first rule that is broken; null when OK may go on.  Notes the field that broke it.
-  const Rule* BrokenRule(Notices& notices) const;
+  // The words of the first rule that is broken; empty when OK may go on.  Notes the field that
+  // broke it.
+  std::string_view BrokenRule(Notices& notices) const;
 
  private:
   // Where notices go; of one form alone, since a copy is read by somebody else.
@@ -83,6 +86,8 @@ class Form {
   };
 
   void Take(const Dialog& dialog);
+  Real ReadAsDemanded(const Field& field) const;
+  std::string_view WordsOfBroken(const Rule& rule) const;
   std::size_t IndexOf(std::string_view key) const;
   const std::string& Read(const Field& field) const;
   std::string NameOf(const Field& field) const;

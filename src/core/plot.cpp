@@ -26,4 +26,11 @@ void Plot::RedrawLines(Real x_min, Real x_max) {
   series[3].points = {{x_min, x_min}, {x_max, x_max}};
 }
 
+Plot& AddPlot(Plots& plots, const PlotWindow& window) {
+  return plots.emplace_back(Plot{.window = std::string(window.window),
+                                 .caption = std::string(window.caption),
+                                 .x = {.title = std::string(window.x_title)},
+                                 .y = {.title = std::string(window.y_title)}});
+}
+
 }  // namespace quorval

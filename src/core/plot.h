@@ -53,10 +53,15 @@ struct RedrawnLines {
   bool operator==(const RedrawnLines&) const = default;
 };
 
-// A plot window by its names.
+// What an analysis declares of a plot window.
 struct PlotWindow {
   std::string_view window;
   std::string_view caption;
+  std::string_view x_title{}, y_title{};  // empty: as the data say, or none
+  std::string_view bitmap{};              // its file in the program folder, the leading blank kept
+  double height = 0;                      // of its picture on a printed page, in points
+  bool opens_empty = false;    // beside the results, also where the run draws nothing in it
+  bool goes_to_sheet = false;  // it offers to add its picture to the results sheet
 };
 
 // The section of the axes that the user has chosen to see.
@@ -88,5 +93,11 @@ struct Plot {
 
   bool operator==(const Plot&) const = default;
 };
+
+// In the order in which they were filled.
+using Plots = std::vector<Plot>;
+
+// The plot of a window, empty.
+Plot& AddPlot(Plots& plots, const PlotWindow& window);
 
 }  // namespace quorval

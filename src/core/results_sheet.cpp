@@ -1,5 +1,6 @@
 #include "core/results_sheet.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <utility>
@@ -7,6 +8,12 @@
 #include "core/conversion.h"
 
 namespace quorval {
+
+void ResultsSheet::Clear() {
+  grid_.ClearAll();
+  quantities_.clear();
+  tables_.clear();
+}
 
 void ResultsSheet::Frame(std::string_view title, DateBeside date) {
   Row(2, Bold{title});
@@ -19,6 +26,21 @@ void ResultsSheet::Frame(std::string_view title, DateBeside date) {
 void ResultsSheet::Replace(int row, int column, Cell cell) {
   if (row > kRows || column > kColumns) Raise(Fault::Kind::kOutOfRange);
   grid_.Put(column, row, std::move(cell));
+}
+
+void ResultsSheet::Give(int row, int column, const Quantity& quantity, Real value) {
+  quantities_.push_back({quantity, Raw(value), row, column});
+}
+
+void ResultsSheet::List(int row, int column) {
+  if (!table_) return;
+  if (tables_.empty() || tables_.back().table.name != table_->name)
+    tables_.push_back({*table_, row, row, column, column});
+  GivenTable& given = tables_.back();
+  given.first_row = std::min(given.first_row, row);
+  given.last_row = std::max(given.last_row, row);
+  given.first_column = std::min(given.first_column, column);
+  given.last_column = std::max(given.last_column, column);
 }
 
 void ResultsSheet::Put(int row, int column, std::string_view text) {
@@ -38,7 +60,10 @@ void ResultsSheet::Put(int row, int column, Italic heading) {
   grid_.Edit(column, row).look.italic = true;
 }
 
-void ResultsSheet::Put(int row, int column, int count) { Replace(row, column, EditNumber(count)); }
+void ResultsSheet::Put(int row, int column, int count) {
+  Replace(row, column, EditNumber(count));
+  List(row, column);
+}
 
 void ResultsSheet::Put(int row, int column, Real number) {
   Cell cell;
@@ -46,6 +71,7 @@ void ResultsSheet::Put(int row, int column, Real number) {
   cell.look.decimals = ToDecimals(context_->NDec);
   cell.value = Raw(number);
   Replace(row, column, std::move(cell));
+  List(row, column);
 }
 
 void ResultsSheet::Put(int row, int column, BoldNumber number) {

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <optional>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "core/context.h"
 #include "core/grid.h"
+#include "core/quantity.h"
 #include "core/real.h"
 
 namespace quorval {
@@ -29,6 +33,19 @@ struct BoldNumber {
   Real number;
 };
 
+// A named number, and the cell that shows it.
+struct GivenQuantity {
+  Quantity quantity;
+  double value;
+  int row, column;
+};
+
+// The cells of a table's numbers.
+struct GivenTable {
+  NamedTable table;
+  int first_row, last_row, first_column, last_column;
+};
+
 // The grid of a results window, columns and rows counted from 1.  The type of a value decides the
 // cell: text and counts go into edit cells, a Real into a number cell with the decimals of the
 // moment.  So Row() reads as the row of the layout that it writes.
@@ -41,19 +58,39 @@ class ResultsSheet {
   explicit ResultsSheet(const Context& context) : context_(&context) {}
 
   // What an earlier run wrote goes.
-  void Clear() { grid_.ClearAll(); }
+  void Clear();
 
   // Texts that are written from now on may run over the empty cells to their right.
   void LetTextsOverflow() { texts_overflow_ = true; }
 
+  const std::string& ProjectName() const { return context_->ProjectName; }
+
   // Rows 2 to 5: the bold title, the project, the blanks for analyst, analyte and date.
   void Frame(std::string_view title, DateBeside date = DateBeside::kAnalyte);
 
+  // A row that begins with a quantity begins with its caption.
   template <class... Values>
   void Row(int row, const Values&... values) {
     int column = 0;
     (Put(row, ++column, values), ...);
   }
+  template <class Value, class... Values>
+  void Row(int row, const NamedValue<Value>& first, const Values&... values) {
+    Row<std::string_view, NamedValue<Value>, Values...>(row, first.quantity.caption, first,
+                                                        values...);
+  }
+
+  // While it lives, the numbers that are put belong to a table.
+  class Listing {
+   public:
+    Listing(ResultsSheet& sheet, const NamedTable& table) : sheet_(sheet) { sheet.table_ = table; }
+    ~Listing() { sheet_.table_.reset(); }
+    Listing(const Listing&) = delete;
+    Listing& operator=(const Listing&) = delete;
+
+   private:
+    ResultsSheet& sheet_;
+  };
 
   // A Fault beyond the sheet's edges, of which a long listing can run out.
   void Put(int, int, Blank) {}
@@ -64,6 +101,11 @@ class ResultsSheet {
   // A Fault when the decimals are no whole number from 0 to 30.
   void Put(int row, int column, Real number);
   void Put(int row, int column, BoldNumber number);
+  template <class Value>
+  void Put(int row, int column, const NamedValue<Value>& named) {
+    Put(row, column, named.value);
+    Give(row, column, named.quantity, named.value);
+  }
 
   // What the window does to the sheet once the analysis is through: the grey first row, and header
   // cells that run over.
@@ -72,12 +114,24 @@ class ResultsSheet {
   const Grid& grid() const { return grid_; }
   Grid& grid() { return grid_; }
 
+  // In the order in which they were written.
+  std::span<const GivenQuantity> quantities() const { return quantities_; }
+  std::span<const GivenTable> tables() const { return tables_; }
+
  private:
   void Replace(int row, int column, Cell cell);
+  void Give(int row, int column, const Quantity& quantity, Real value);
+  void Give(int row, int column, const Quantity& quantity, BoldNumber value) {
+    Give(row, column, quantity, value.number);
+  }
+  void List(int row, int column);
 
   const Context* context_;
   bool texts_overflow_ = false;
   Grid grid_{kColumns, kRows};
+  std::optional<NamedTable> table_;  // that is being listed
+  std::vector<GivenQuantity> quantities_;
+  std::vector<GivenTable> tables_;
 };
 
 }  // namespace quorval

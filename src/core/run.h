@@ -23,15 +23,12 @@ struct Run {
   const Context& context;
   Messages& messages;
   ResultsSheet& sheet;
-  const Rejection* repeated = nullptr;   // a re-analysis: its data are what this one retained
-  std::vector<Plot> plots{};             // in the order in which they were filled
+  const Rejection* repeated = nullptr;  // a re-analysis: its data are what this one retained
+  Plots plots{};
   std::optional<Rejection> rejection{};  // where points were marked that a repetition may leave out
   Notices notices{};                     // what no box tells
 
-  [[noreturn]] void Refuse(std::string_view words) const {
-    messages.Tell(words);
-    throw Refusal{};
-  }
+  [[noreturn]] void Refuse(std::string_view words) const { quorval::Refuse(messages, words); }
 
   // The plot window `window`, empty.
   Plot& AddPlot(std::string_view window, std::string_view caption) {

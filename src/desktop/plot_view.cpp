@@ -31,8 +31,6 @@ constexpr int kTwipsPerPixel = 15;
 constexpr int kWidthKept = 700, kHeightKept = 1360;
 constexpr int kToolsHeight = 68;  // pixels, above the chart
 
-constexpr std::string_view kResidualPlot = "frmRes1s";
-
 int Remainder(int pixels, int kept_twips) {
   return std::max(0, (pixels * kTwipsPerPixel - kept_twips) / kTwipsPerPixel);
 }
@@ -97,7 +95,9 @@ QWidget* PlotView::BuildButtons() {
   }
   row->addStretch();
   buttons->setLayout(row);
-  if (window_ == kResidualPlot) AddCommand(tr("Add to results sheet"), &PlotView::AddToSheet);
+  const Plot* const plot = Find();
+  if (plot != nullptr && open_.results->DeclarationOf(*plot).goes_to_sheet)
+    AddCommand(tr("Add to results sheet"), &PlotView::AddToSheet);
   return buttons;
 }
 

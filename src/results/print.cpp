@@ -20,7 +20,7 @@ struct PicturePage {
 
 bool Fill(PicturePage& page, Platform& platform, const PlotJob& job, std::span<const Plot> plots,
           const std::filesystem::path& folder) {
-  for (const PlotPicture& wanted : job.pictures) {
+  for (const PlotWindow& wanted : job.pictures) {
     const auto plot = std::ranges::find(plots, wanted.window, &Plot::window);
     if (plot == plots.end()) continue;
     Plot drawn = *plot;

@@ -15,23 +15,6 @@ HistogramClasses DivideRange(const Description& values, int k) {
   return {values.min, (values.max - values.min) / classes, classes};
 }
 
-std::optional<int> SpecifiedClasses(const Form& form, const Field& choice, const Field& count) {
-  if (form.Is(choice, "default")) return std::nullopt;
-  if (form.Blank(count)) {
-    form.Note(count, ", so the default number of classes was drawn");
-    return std::nullopt;
-  }
-  const int k = form.Column(count);
-  if (k < 1) form.Note(count, ", so one class was drawn");
-  return k;
-}
-
-HistogramClasses ChooseClasses(const Form& form, const Field& choice, const Field& count,
-                               const Description& values, Real N) {
-  const auto k = SpecifiedClasses(form, choice, count);
-  return k ? DivideRange(values, *k) : DefaultClasses(values, N);
-}
-
 std::vector<int> CountInClasses(const HistogramClasses& classes, Sample values) {
   std::ranges::sort(values);
   const auto below = [&](Real bound) {

@@ -1,11 +1,9 @@
 // Histograms of equally wide classes.
 #pragma once
 
-#include <optional>
 #include <span>
 #include <vector>
 
-#include "core/form.h"
 #include "core/plot.h"
 #include "stats/primitives.h"
 
@@ -23,27 +21,6 @@ HistogramClasses DefaultClasses(const Description& values, Real N);
 
 // k classes over the range; fewer than one are one.
 HistogramClasses DivideRange(const Description& values, int k);
-
-// The number that the user specified: none while the choice is "default" or the field is empty, a
-// Fault of a word.
-std::optional<int> SpecifiedClasses(const Form& form, const Field& choice, const Field& count);
-
-// Of the specified number, or by default.
-HistogramClasses ChooseClasses(const Form& form, const Field& choice, const Field& count,
-                               const Description& values, Real N);
-
-// The fields of such a choice, in a group of their own.
-inline constexpr Choice kClassChoices[] = {{"default", "Default"}, {"user", "User specified:"}};
-constexpr Field ClassChoiceField(std::string_view key, std::string_view group) {
-  return {.key = key,
-          .kind = FieldKind::kChoice,
-          .group = group,
-          .initial = "default",
-          .choices = kClassChoices};
-}
-constexpr Field ClassCountField(std::string_view key, const Field& choice) {
-  return {.key = key, .group = choice.group, .beside = {choice.key, "user"}};
-}
 
 // The number of values in each class: from its lower bound to below the next; the last has no upper
 // bound.

@@ -88,8 +88,8 @@ const test::ExampleRun kDeming{"deming", "XY Regression Single"};
 TEST_F(OwnershipTest, EveryPairPrintsWhatEachPrintsAlone) {
   std::vector<test::ExampleRun> runs;
   std::vector<std::vector<std::string>> alone;
-  for (const test::ExampleRun& run : test::kExampleRuns) {
-    if (!runs.empty() && std::string_view(runs.back().analysis) == run.analysis) continue;
+  for (const test::ExampleRun& run : test::ExampleRuns()) {
+    if (!runs.empty() && runs.back().analysis == run.analysis) continue;
     OpenAnalysis& open = Run(run);
     runs.push_back(run);
     alone.push_back(Printed(open));
@@ -99,7 +99,7 @@ TEST_F(OwnershipTest, EveryPairPrintsWhatEachPrintsAlone) {
   for (std::size_t a = 0; a < runs.size(); ++a)
     for (std::size_t b = 0; b < runs.size(); ++b) {
       if (a == b) continue;
-      SCOPED_TRACE(std::string(runs[a].analysis) + ", " + runs[b].analysis);
+      SCOPED_TRACE(runs[a].analysis + ", " + runs[b].analysis);
       OpenAnalysis& first = Run(runs[a]);
       OpenAnalysis& second = Run(runs[b]);
       EXPECT_EQ(Printed(first), alone[a]);
@@ -159,7 +159,7 @@ TEST_F(OwnershipTest, PrintsThePlotAsTheUserLeftIt) {
 // --- A result lives until its user ends it
 
 TEST_F(OwnershipTest, CancelOfADialogThatWasOpenedAgainLeavesTheResults) {
-  for (const test::ExampleRun& run : test::kExampleRuns) {
+  for (const test::ExampleRun& run : test::ExampleRuns()) {
     SCOPED_TRACE(run.analysis);
     OpenAnalysis& open = Run(run);
     open.results->sheet.grid().SetText(2, 4, "Jensen");
@@ -183,7 +183,7 @@ TEST_F(OwnershipTest, CancelOfADialogThatWasOpenedAgainLeavesTheResults) {
 }
 
 TEST_F(OwnershipTest, ARefusedRunLeavesTheEarlierResultsUnlessItsWindowCloses) {
-  for (const test::ExampleRun& run : test::kExampleRuns) {
+  for (const test::ExampleRun& run : test::ExampleRuns()) {
     SCOPED_TRACE(run.analysis);
     OpenAnalysis& open = Run(run);
     const std::vector<std::string> before = Printed(open);

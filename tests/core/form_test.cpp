@@ -8,8 +8,16 @@ namespace {
 constexpr Choice kKinds[] = {{"plain", "Plain"}, {"weighted", "Weighted"}};
 constexpr Field kKind{
     .key = "kind", .kind = FieldKind::kChoice, .initial = "plain", .choices = kKinds};
-constexpr Field kLimit{.key = "limit", .caption = "Limit:", .initial = "4"};
-constexpr Field kPower{.key = "power", .initial = "2", .shown = {When{"kind", "weighted"}}};
+constexpr Field kLimit{
+    .key = "limit",
+    .caption = "Limit:",
+    .initial = "4",
+    .demand = {.reading = Reading::kLeadingNumber, .above = 0, .refusal = "limit"}};
+constexpr Field kPower{
+    .key = "power",
+    .initial = "2",
+    .shown = {When{"kind", "weighted"}},
+    .demand = {.reading = Reading::kTextAsNumber32, .most = 2, .refusal = "power"}};
 constexpr Field kReplicates{.key = "replicates", .initial = "200"};
 
 constexpr Field kInnerFields[] = {kReplicates};
@@ -20,10 +28,19 @@ constexpr Field kFields[] = {kKind,
                              kPower,
                              {.kind = FieldKind::kNote, .caption = "A note"},
                              {.kind = FieldKind::kButton, .caption = "Options", .opens = &kInner}};
-constexpr Rule kRules[] = {{[](const Form& form) { return form.Number(kLimit) <= 0; }, "limit"},
-                           {[](const Form& form) { return form.Number(kPower) > 2; }, "power"}};
+bool IsUnlucky(const Form& form) { return form.Is(kKind, "plain") && form.Text(kLimit) == "13"; }
+constexpr Rule kRules[] = {
+    DemandsOf(kLimit), DemandsOf(kPower), {.broken = IsUnlucky, .refusal = "unlucky"}};
 constexpr Dialog kDialog{.window = "outer", .title = "Outer", .fields = kFields, .rules = kRules};
 static_assert(WellFormed(kDialog));
+
+constexpr bool WithRule(const Rule& rule) {
+  return WellFormed(Dialog{.window = "w", .title = "t", .fields = kFields, .rules = {&rule, 1}});
+}
+static_assert(!WithRule(DemandsOf(kReplicates)));
+static_assert(!WithRule(DemandsOf(kKind)));
+static_assert(!WithRule(Filled(kLimit)));
+static_assert(!WithRule({.broken = IsUnlucky}));
 
 constexpr bool WithFields(std::span<const Field> fields) {
   return WellFormed(Dialog{.window = "w", .title = "t", .fields = fields});
@@ -71,15 +88,20 @@ TEST(Form, ReadsTheLeadingNumberInDialogsAndTheWholeTextInRuns) {
 
 TEST(Form, TellsTheFirstBrokenRule) {
   Form form(kDialog);
-  Notices notices;
-  EXPECT_EQ(form.BrokenRule(notices), nullptr);
-  EXPECT_TRUE(notices.empty());
-  form.Set("power", "2.01");
-  EXPECT_EQ(form.BrokenRule(notices)->words, "power");
-  form.Set("limit", "-1");
-  EXPECT_EQ(form.BrokenRule(notices)->words, "limit");
-  form.Set("limit", "1e39");  // beyond 32 bits
-  EXPECT_EQ(form.BrokenRule(notices)->words, "limit");
+  const auto told = [&](std::string_view key, std::string_view text) {
+    form.Set(key, text);
+    Notices notices;
+    const std::string_view words = form.BrokenRule(notices);
+    EXPECT_EQ(notices.empty(), words.empty() || words == "unlucky");
+    return words;
+  };
+  EXPECT_EQ(told("power", "2.01"), "");  // hidden
+  EXPECT_EQ(told("limit", "13"), "unlucky");
+  EXPECT_EQ(told("kind", "weighted"), "power");
+  EXPECT_EQ(told("limit", "-1"), "limit");
+  EXPECT_EQ(told("limit", "1e39"), "limit");  // beyond 32 bits
+  EXPECT_EQ(told("limit", "1e-50"), "power");
+  EXPECT_EQ(told("power", "2.00000001"), "");
 }
 
 // What was read in part or not at all; a copy of the form is no longer listened to.

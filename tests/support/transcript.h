@@ -67,8 +67,8 @@ inline Transcript RunOn(const Worksheet& worksheet, const Analysis& analysis,
   for (const auto& [key, text] : settings) form.Set(key, text);
 
   Transcript transcript;
-  if (const Rule* broken = form.BrokenRule(transcript.notices)) {
-    transcript.boxes.emplace_back(broken->words);
+  if (const auto refusal = form.BrokenRule(transcript.notices); !refusal.empty()) {
+    transcript.boxes.emplace_back(refusal);
     return transcript;
   }
   RecordedMessages messages;

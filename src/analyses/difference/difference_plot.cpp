@@ -14,9 +14,11 @@ namespace {
 
 constexpr std::string_view kPrintHeader = "/cDifference Plot/rPage #/p/n";
 constexpr std::string_view kFault = "Error occurred in Difference Plot analysis";
-constexpr PlotWindow kBothPlots[] = {{kAbsoluteWindow, kAbsoluteCaption},
-                                     {kRelativeWindow, kRelativeCaption}};
-constexpr PlotWindow kAbsolutePlot[] = {{kAbsoluteWindow, kAbsoluteCaption}};
+constexpr PlotWindow kBothPlots[] = {
+    {.window = kAbsoluteWindow, .caption = kAbsoluteCaption, .opens_empty = true},
+    {.window = kRelativeWindow, .caption = kRelativeCaption, .opens_empty = true}};
+constexpr PlotWindow kAbsolutePlot[] = {
+    {.window = kAbsoluteWindow, .caption = kAbsoluteCaption, .opens_empty = true}};
 
 constexpr FileMenu MenuWith(std::string_view back) {
   return {.back = back, .print = "&Print ", .save = "&Save As", .export_results = "E&xport"};
@@ -25,9 +27,7 @@ constexpr FileMenu MenuWith(std::string_view back) {
 constexpr Procedure kProcedures[] = {
     {.when = kSingle,
      .window = "frmBAs",
-     .title = [](const Form&) -> std::string {
-       return "Difference Plots      Single (x, y) data set";
-     },
+     .title = "Difference Plots      Single (x, y) data set",
      .menu = MenuWith("&Select Options for Difference Plot"),
      .print_header = kPrintHeader,
      .plot_jobs = kPlotJobs,
@@ -38,9 +38,7 @@ constexpr Procedure kProcedures[] = {
      .run = RunSingle},
     {.when = kDuplicate,
      .window = "frmBAd",
-     .title = [](const Form&) -> std::string {
-       return "Quorval   Difference Plot Section      Duplicate data (id, x1, x2, y1, y2) ";
-     },
+     .title = "Quorval   Difference Plot Section      Duplicate data (id, x1, x2, y1, y2) ",
      .menu = MenuWith("&Select options for difference plots"),
      .print_header = kPrintHeader,
      .plot_jobs = kPlotJobs,

@@ -1,5 +1,7 @@
 #include "analyses/difference/options.h"
 
+#include "analyses/column_options.h"
+
 namespace quorval::difference {
 namespace {
 
@@ -58,7 +60,8 @@ constexpr Field kScale{.key = "scale",
                        .choices = kScales};
 constexpr Field kOutlierLimit{.key = "outlier-limit",
                               .caption = "Specify number of standard deviations as outlier limit:",
-                              .initial = "4"};
+                              .initial = "4",
+                              .demand = kPositiveLimit};
 constexpr Field kShowData{.key = "show-data",
                           .kind = FieldKind::kCheck,
                           .caption = "Show x, y and differences",
@@ -68,42 +71,33 @@ constexpr Field kSupplButton{.kind = FieldKind::kButton,
                              .enabled = {kSingle},
                              .opens = &frmBASupplOpt};
 
+constexpr Demand kColumn = kWorksheetColumn.RefusedWith("Incompatible column selection(s)");
+constexpr Demand kOptionalColumn{.reading = kColumn.reading,
+                                 .most = kColumn.most,
+                                 .exempt = Demand::Exempt::kBlank,
+                                 .refusal = kColumn.refusal};
+constexpr Field ColumnField(Field field) {
+  return InGroup(WithDemand(field, kColumn), kColumnsGroup);
+}
+
 constexpr Field kFields[] = {
     kMode,
-    InGroup(Captioned(Text9, "ID:"), kColumnsGroup),
-    InGroup(kFirstColumn, kColumnsGroup),
-    InGroup(kSecondColumn, kColumnsGroup),
-    InGroup(kThirdColumn, kColumnsGroup),
-    InGroup(kFourthColumn, kColumnsGroup),
+    InGroup(Captioned(WithDemand(Text9, kOptionalColumn), "ID:"), kColumnsGroup),
+    ColumnField(kFirstColumn),
+    ColumnField(kSecondColumn),
+    ColumnField(kThirdColumn),
+    ColumnField(kFourthColumn),
     kScale,
     kOutlierLimit,
     kShowData,
     kSupplButton,
 };
 
-bool OutsideWorksheet(const Form& form, const Field& field) {
-  const int column = form.Column(field);
-  return column < 1 || column > Worksheet::kColumns;
-}
-
-constexpr std::string_view kColumnsRefused = "Incompatible column selection(s)";
-
 constexpr Rule kRules[] = {
-    {[](const Form& form) {
-       return !form.Blank(Text9) && form.Column(Text9) > Worksheet::kColumns;
-     },
-     kColumnsRefused},
-    {[](const Form& form) {
-       return OutsideWorksheet(form, Text10) || OutsideWorksheet(form, Text11);
-     },
-     kColumnsRefused},
-    {[](const Form& form) {
-       return IsDuplicate(form) &&
-              (OutsideWorksheet(form, Text12) || OutsideWorksheet(form, Text13));
-     },
-     kColumnsRefused},
-    {[](const Form& form) { return form.WholeNumber32(kOutlierLimit) <= 0; },
-     "Incompatible option value(s)"},
+    DemandsOf(Text9),
+    DemandsOf(kFirstColumn, kSecondColumn),
+    DemandsOf(kThirdColumn, kFourthColumn),
+    DemandsOf(kOutlierLimit),
 };
 
 }  // namespace

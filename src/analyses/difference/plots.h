@@ -13,10 +13,10 @@ namespace quorval::difference {
 inline constexpr std::string_view kAbsoluteWindow = "frmBAPlot";
 inline constexpr std::string_view kRelativeWindow = "frmBARelPlot";
 
-inline constexpr std::array<PlotPicture, 1> kAbsolutePicture{
-    {{kAbsoluteWindow, " Chart2D1.bmp", 350}}};
-inline constexpr std::array<PlotPicture, 1> kRelativePicture{
-    {{kRelativeWindow, " Chart2D1Rel.bmp", 350}}};
+inline constexpr std::array<PlotWindow, 1> kAbsolutePicture{
+    {{.window = kAbsoluteWindow, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}}};
+inline constexpr std::array<PlotWindow, 1> kRelativePicture{
+    {{.window = kRelativeWindow, .caption = {}, .bitmap = " Chart2D1Rel.bmp", .height = 350}}};
 inline constexpr std::array<PlotJob, 2> kPlotJobs{
     {{.pictures = kAbsolutePicture}, {.pictures = kRelativePicture}}};
 

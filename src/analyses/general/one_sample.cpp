@@ -136,10 +136,14 @@ void RunOneSample(Run& run) {
 
 // Each plot is printed by an entry of its own.
 constexpr std::string_view kBitmap = " Chart2D1.bmp";
-constexpr PlotPicture kDotPicture[] = {{kDotPlotWindow, kBitmap, 350}};
-constexpr PlotPicture kAbsolutePicture[] = {{kAbsoluteHistogramWindow, kBitmap, 350}};
-constexpr PlotPicture kRelativePicture[] = {{kRelativeHistogramWindow, kBitmap, 350}};
-constexpr PlotPicture kCumulativePicture[] = {{kCumulativeWindow, kBitmap, 350}};
+constexpr PlotWindow kDotPicture[] = {
+    {.window = kDotPlotWindow, .caption = {}, .bitmap = kBitmap, .height = 350}};
+constexpr PlotWindow kAbsolutePicture[] = {
+    {.window = kAbsoluteHistogramWindow, .caption = {}, .bitmap = kBitmap, .height = 350}};
+constexpr PlotWindow kRelativePicture[] = {
+    {.window = kRelativeHistogramWindow, .caption = {}, .bitmap = kBitmap, .height = 350}};
+constexpr PlotWindow kCumulativePicture[] = {
+    {.window = kCumulativeWindow, .caption = {}, .bitmap = kBitmap, .height = 350}};
 constexpr PlotJob kPlotJobs[] = {
     {.pictures = kDotPicture, .entry = "P&rint Dot Plot"},
     {.pictures = kAbsolutePicture, .entry = "Print &Histogram of Absolute Numbers"},
@@ -149,7 +153,7 @@ constexpr PlotJob kPlotJobs[] = {
 
 constexpr Procedure frmGenOneResults[] = {{
     .window = "frmGenOneResults",
-    .title = [](const Form&) -> std::string { return "General Statistics: One Sample"; },
+    .title = "General Statistics: One Sample",
     .menu = {.save = "&Save As"},
     .print_header = "/cGeneral Statistics - One sample/rPage #/p/n",
     .plot_jobs = kPlotJobs,

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "analyses/class_options.h"
 #include "core/intake.h"
-#include "stats/histogram.h"
 #include "stats/primitives.h"
 
 namespace quorval::general {

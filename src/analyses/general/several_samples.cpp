@@ -21,19 +21,22 @@ constexpr Field kColumnNote{.kind = FieldKind::kNote,
                             .caption = "(Each data column corresponds to one group)"};
 constexpr Field kStartColumn{.key = "start-column",
                              .group = kColumnGroup,
-                             .caption = "Compute means and SD from       Data Column No.(start):"};
-constexpr Field kLastColumn{
-    .key = "last-column", .group = kColumnGroup, .caption = "Data Column No. (last):"};
+                             .caption = "Compute means and SD from       Data Column No.(start):",
+                             .demand = kWorksheetColumn};
+constexpr Field kLastColumn{.key = "last-column",
+                            .group = kColumnGroup,
+                            .caption = "Data Column No. (last):",
+                            .demand = kWorksheetColumn};
 constexpr Field kOutlierLimit{.key = "outlier-limit",
                               .caption = "No. of SD units as outlier rejection limit:",
-                              .initial = "4"};
+                              .initial = "4",
+                              .demand = kPositiveLimit};
 
 constexpr Field kFields[] = {kColumnNote, kStartColumn, kLastColumn, kOutlierLimit};
 
 constexpr Rule kRules[] = {
-    {[](const Form& form) { return AnyOutsideWorksheet(form, kStartColumn, kLastColumn); },
-     kWorksheetColumnRefused},
-    {[](const Form& form) { return NotPositive(form, kOutlierLimit); }, kOptionRefused},
+    DemandsOf(kStartColumn, kLastColumn),
+    DemandsOf(kOutlierLimit),
 };
 
 constexpr Dialog frmGenSeveralOptions{
@@ -143,12 +146,13 @@ void RunSeveralSamples(Run& run) {
   Insist(run.messages, "Error in dotplot routine", [&] { DrawSamples(run, samples, summaries); });
 }
 
-constexpr PlotPicture kPictures[] = {{kDotPlotWindow, " Chart2D1.bmp", 350}};
+constexpr PlotWindow kPictures[] = {
+    {.window = kDotPlotWindow, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}};
 constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
 constexpr Procedure frmGenSeveralResults[] = {{
     .window = "frmGenSeveralResults",
-    .title = [](const Form&) -> std::string { return "General Statistics: Several Samples"; },
+    .title = "General Statistics: Several Samples",
     .menu = {.save = "&Save As", .print_plots = "P&rint Plot"},
     .print_header = "/cGeneral Statistics - Two Samples/rPage #/p/n",  // for several ones as well
     .plot_jobs = kPlotJobs,

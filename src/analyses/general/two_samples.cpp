@@ -75,14 +75,15 @@ void RunTwoSamples(Run& run) {
   Insist(run.messages, routine.failure, [&] { routine.run(run, groups); });
 }
 
-constexpr PlotPicture kPictures[] = {{kDotPlotWindow, " Chart2D1.bmp", 350}};
+constexpr PlotWindow kPictures[] = {
+    {.window = kDotPlotWindow, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}};
 constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
 constexpr std::string_view kPlotFailure = "Error in t-test plot routine";
 
 constexpr Procedure frmGenTwoResults[] = {{
     .window = "frmGenTwoResults",
-    .title = [](const Form&) -> std::string { return "General Statistics: Two Samples"; },
+    .title = "General Statistics: Two Samples",
     .menu = {.save = "&Save As", .print_plots = "P&rint Plot"},
     .print_header = "/cGeneral Statistics - Two Samples/rPage #/p/n",
     .plot_jobs = kPlotJobs,

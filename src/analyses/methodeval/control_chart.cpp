@@ -17,7 +17,8 @@ namespace {
 constexpr Field kValueColumn{.key = "value-column",
                              .group = kColumnGroup,
                              .caption = "x values from col no.:",
-                             .initial = "5"};
+                             .initial = "5",
+                             .demand = kWorksheetColumn};
 constexpr Field kMissingNote{
     .kind = FieldKind::kNote,
     .group = kColumnGroup,
@@ -25,24 +26,23 @@ constexpr Field kMissingNote{
 constexpr Field kMeanColumn{.key = "mean-column",
                             .group = kColumnGroup,
                             .caption = "Assigned mean of control from col no (row 1):",
-                            .initial = "2"};
+                            .initial = "2",
+                            .demand = kWorksheetColumn};
 constexpr Field kSdColumn{.key = "sd-column",
                           .group = kColumnGroup,
                           .caption = "Assigned SD of control from col no. (row 1):",
-                          .initial = "3"};
+                          .initial = "3",
+                          .demand = kWorksheetColumn};
 constexpr Field kDateColumn{.key = "date-column",
                             .group = kColumnGroup,
                             .caption = "Optional date from col no.:",
-                            .initial = "4"};
+                            .initial = "4",
+                            .demand = kWorksheetColumn};
 
 constexpr Field kFields[] = {kValueColumn, kMissingNote, kMeanColumn, kSdColumn, kDateColumn};
 
-constexpr Rule kRules[] = {
-    {[](const Form& form) {
-       return AnyOutsideWorksheet(form, kValueColumn, kMeanColumn, kSdColumn);
-     },
-     kWorksheetColumnRefused},
-};
+// The dates are looked at by the run.
+constexpr Rule kRules[] = {DemandsOf(kValueColumn, kMeanColumn, kSdColumn)};
 
 constexpr Dialog frmControlChartOpt{
     .window = "frmControlChartOpt",
@@ -70,7 +70,7 @@ bool IsMissing(Real value) { return value < 0; }
 
 std::optional<Texts> ReadDates(Run& run, std::size_t n) {
   if (run.form.Blank(kDateColumn)) return std::nullopt;
-  if (OutsideWorksheet(run.form, kDateColumn)) {
+  if (!run.form.Meets(kDateColumn)) {
     run.form.Note(kDateColumn, "; the worksheet has the columns 1 to 500");
     throw Fault{Fault::Kind::kOutOfRange, true};
   }
@@ -168,12 +168,13 @@ void RunControlChart(Run& run) {
   DrawChart(run, data);
 }
 
-constexpr PlotPicture kPictures[] = {{"frmControlChartPlot", " Chart2D1.bmp", 350}};
+constexpr PlotWindow kPictures[] = {
+    {.window = "frmControlChartPlot", .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}};
 constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
 constexpr Procedure frmControlChart[] = {{
     .window = "frmControlChart",
-    .title = [](const Form&) -> std::string { return "Control Chart"; },
+    .title = "Control Chart",
     .menu = MenuWith("&Select Options for Precision Evaluation", "P&rint Plot"),
     .print_header = "/cPrecision Results/rPage #/p/n",
     .plot_jobs = kPlotJobs,

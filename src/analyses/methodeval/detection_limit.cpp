@@ -41,35 +41,19 @@ constexpr Field kFields[] = {
     kOutlierLimit,
 };
 
-bool Lacks(const Form& form, When procedure, const Field& column) {
-  return form.Holds(procedure) && form.Blank(column);
-}
-
-bool OutsideWhenAsked(const Form& form, const Conditions& asked, const Field& column) {
-  return form.Holds(asked) && OutsideWorksheet(form, column);
+bool AsksForNeither(const Form& form) {
+  return form.Holds(kBySd) && !form.On(kDl) && !form.On(kLoq);
 }
 
 constexpr Rule kRules[] = {
-    {[](const Form& form) {
-       return form.Holds(kBySd) && (form.On(kDl) ? form.Blank(kDlColumn) : !form.On(kLoq));
-     },
-     "No column no. was selected for DL analysis!"},
-    {[](const Form& form) { return form.Holds(kLoqAsked) && form.Blank(kLoqColumn); },
-     "No column no. was selected for LOQ analysis!"},
-    {[](const Form& form) { return Lacks(form, kByEp17, kBlankColumn); },
-     "No column no. was selected for the blank measurements!"},
-    {[](const Form& form) { return Lacks(form, kByEp17, kStartColumn); },
-     "No column start no. was selected for low sample measurements!"},
-    {[](const Form& form) { return Lacks(form, kByEp17, kLastColumn); },
-     "No last column no. was selected for low sample measurements!"},
-    {[](const Form& form) {
-       return OutsideWhenAsked(form, kDlAsked, kDlColumn) ||
-              OutsideWhenAsked(form, kLoqAsked, kLoqColumn) ||
-              (form.Holds(kByEp17) &&
-               AnyOutsideWorksheet(form, kBlankColumn, kStartColumn, kLastColumn));
-     },
-     kWorksheetColumnRefused},
-    {[](const Form& form) { return NotPositive(form, kOutlierLimit); }, kOptionRefused},
+    {.broken = AsksForNeither, .refusal = kDlRefused},
+    Filled(kDlColumn),
+    Filled(kLoqColumn),
+    Filled(kBlankColumn),
+    Filled(kStartColumn),
+    Filled(kLastColumn),
+    DemandsOf(kDlColumn, kLoqColumn, kBlankColumn, kStartColumn, kLastColumn),
+    DemandsOf(kOutlierLimit),
 };
 
 constexpr Dialog frmMethDetLimOpt{
@@ -88,20 +72,19 @@ constexpr std::string_view kPrintHeader = "/cDetection Limit/rPage #/p/n";
 constexpr FailurePolicy kFailure{.fault = "Error occurred in DL/LOQ analysis",
                                  .aftermath = Aftermath::kWindowCloses};
 
-constexpr PlotPicture kBySdPictures[] = {
-    {kDlPlot, " Chart2D1.bmp", 250},
-    {kLoqPlot, " Chart2D1Res.bmp", 250},
+constexpr PlotWindow kBySdPictures[] = {
+    {.window = kDlPlot, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 250},
+    {.window = kLoqPlot, .caption = {}, .bitmap = " Chart2D1Res.bmp", .height = 250},
 };
 constexpr PlotJob kBySdJobs[] = {{.pictures = kBySdPictures}};
-constexpr PlotPicture kByEp17Pictures[] = {{kDotPlot, " Chart2D1.bmp", 350}};
+constexpr PlotWindow kByEp17Pictures[] = {
+    {.window = kDotPlot, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}};
 constexpr PlotJob kByEp17Jobs[] = {{.pictures = kByEp17Pictures}};
 
 constexpr Procedure kProcedures[] = {
     {.when = kBySd,
      .window = "frmMethDetLim",
-     .title = [](const Form&) -> std::string {
-       return "Determination of Detection Limit (DL) and/or LOQ";
-     },
+     .title = "Determination of Detection Limit (DL) and/or LOQ",
      .menu = kMenu,
      .print_header = kPrintHeader,
      .plot_jobs = kBySdJobs,
@@ -109,9 +92,7 @@ constexpr Procedure kProcedures[] = {
      .run = RunBySd},
     {.when = kByEp17,
      .window = "frmMethDetLim17",
-     .title = [](const Form&) -> std::string {
-       return "Determination of Limit of Detection (LoD) with type I and II errors specified";
-     },
+     .title = "Determination of Limit of Detection (LoD) with type I and II errors specified",
      .menu = kMenu,
      .print_header = kPrintHeader,
      .plot_jobs = kByEp17Jobs,

@@ -33,9 +33,8 @@ constexpr Field kFields[] = {
 };
 
 constexpr Rule kRules[] = {
-    {[](const Form& form) { return AnyOutsideWorksheet(form, kStartColumn, kLastColumn); },
-     kColumnRefused},
-    {[](const Form& form) { return NotPositive(form, kOutlierLimit); }, kOptionRefused},
+    DemandsOf(kStartColumn, kLastColumn),
+    DemandsOf(kOutlierLimit),
 };
 
 constexpr Dialog frmMethLinearityOpt{
@@ -55,17 +54,17 @@ constexpr std::string_view kPrintHeader = "/cLinearity Results/rPage #/p/n";
 constexpr FailurePolicy kFailure{.fault = "Error occurred in Linearity analysis",
                                  .aftermath = Aftermath::kWindowCloses};
 
-std::string Title(const Form&) { return "Linearity Evaluation"; }
+constexpr std::string_view kTitle = "Linearity Evaluation";
 
-constexpr PlotPicture kLackOfFitPictures[] = {
-    {"frmMethLinPlot1", " Chart2D1Plot1.bmp", 200},
-    {"frmMethLinPlot2", " Chart2D1Plot2.bmp", 150},
-    {"frmMethLinPlot3", " Chart2D1Plot3.bmp", 150},
+constexpr PlotWindow kLackOfFitPictures[] = {
+    {.window = "frmMethLinPlot1", .caption = {}, .bitmap = " Chart2D1Plot1.bmp", .height = 200},
+    {.window = "frmMethLinPlot2", .caption = {}, .bitmap = " Chart2D1Plot2.bmp", .height = 150},
+    {.window = "frmMethLinPlot3", .caption = {}, .bitmap = " Chart2D1Plot3.bmp", .height = 150},
 };
 constexpr PlotJob kLackOfFitJobs[] = {{.pictures = kLackOfFitPictures}};
-constexpr PlotPicture kPolynomialPictures[] = {
-    {"frmLinPolynPlot", " Chart2D1.bmp", 350},
-    {"frmLinPolynDifPlot", " Chart2D1Res.bmp", 150},
+constexpr PlotWindow kPolynomialPictures[] = {
+    {.window = "frmLinPolynPlot", .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350},
+    {.window = "frmLinPolynDifPlot", .caption = {}, .bitmap = " Chart2D1Res.bmp", .height = 150},
 };
 constexpr PlotJob kPolynomialJobs[] = {{.pictures = kPolynomialPictures}};
 
@@ -73,7 +72,7 @@ constexpr Procedure LackOfFitProcedure(When procedure) {
   return {
       .when = procedure,
       .window = "frmMethLinearity",
-      .title = Title,
+      .title = kTitle,
       .menu = MenuWith("&Select Options for Linearity Eval."),
       .print_header = kPrintHeader,
       .plot_jobs = kLackOfFitJobs,
@@ -88,7 +87,7 @@ constexpr Procedure kProcedures[] = {
     LackOfFitProcedure(kWlr),
     {.when = kPolynomial,
      .window = "frmLinPolynReg",
-     .title = Title,
+     .title = kTitle,
      .menu = MenuWith("Select linearity &Options"),
      .print_header = kPrintHeader,
      .plot_jobs = kPolynomialJobs,

@@ -8,10 +8,14 @@
 namespace quorval::methodeval::linearity {
 
 inline constexpr Field kStartColumn{.key = "start-column",
-                                    .caption = "Reading x and y values from column No. (Start):"};
-inline constexpr Field kLastColumn{.key = "last-column", .caption = "Column No. (Last):"};
-inline constexpr Field kOutlierLimit{
-    .key = "outlier-limit", .caption = "Outlier limit: No. of SD units:", .initial = "4"};
+                                    .caption = "Reading x and y values from column No. (Start):",
+                                    .demand = kDataColumn};
+inline constexpr Field kLastColumn{
+    .key = "last-column", .caption = "Column No. (Last):", .demand = kDataColumn};
+inline constexpr Field kOutlierLimit{.key = "outlier-limit",
+                                     .caption = "Outlier limit: No. of SD units:",
+                                     .initial = "4",
+                                     .demand = kPositiveLimit};
 
 inline constexpr std::array<Choice, 3> kProcedureChoices{
     {{"ols",

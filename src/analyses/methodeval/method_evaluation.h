@@ -17,7 +17,8 @@ namespace quorval::methodeval {
 
 inline constexpr std::string_view kColumnGroup = "Input:";
 // The dialogs let every column of the worksheet pass; the run then draws the line at 30.
-inline constexpr std::string_view kColumnRefused = "Selected column no. < 1 or > 30!";
+inline constexpr Demand kDataColumn =
+    kWorksheetColumn.RefusedWith("Selected column no. < 1 or > 30!");
 
 // --- Windows
 

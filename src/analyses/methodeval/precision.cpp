@@ -17,15 +17,8 @@ constexpr Field kFields[] = {kMode,       kColumn,   kOutlierLimit,        kStar
                              kLastColumn, kRunsNote, kSeveralOutlierLimit, kShowMeans};
 
 constexpr Rule kRules[] = {
-    {[](const Form& form) {
-       return form.Holds(kSingle) ? OutsideWorksheet(form, kColumn)
-                                  : AnyOutsideWorksheet(form, kStartColumn, kLastColumn);
-     },
-     kColumnRefused},
-    {[](const Form& form) {
-       return NotPositive(form, form.Holds(kSingle) ? kOutlierLimit : kSeveralOutlierLimit);
-     },
-     kOptionRefused},
+    DemandsOf(kColumn, kStartColumn, kLastColumn),
+    DemandsOf(kOutlierLimit, kSeveralOutlierLimit),
 };
 
 constexpr Dialog frmMethPrecisionOpt{
@@ -37,9 +30,9 @@ constexpr Dialog frmMethPrecisionOpt{
 };
 static_assert(WellFormed(frmMethPrecisionOpt));
 
-constexpr PlotPicture kPictures[] = {
-    {kValuesWindow, " Chart2D1.bmp", 250},
-    {kMeansWindow, " Chart2D1M.bmp", 250},
+constexpr PlotWindow kPictures[] = {
+    {.window = kValuesWindow, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 250},
+    {.window = kMeansWindow, .caption = {}, .bitmap = " Chart2D1M.bmp", .height = 250},
 };
 constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
@@ -47,7 +40,7 @@ constexpr Procedure ProcedureOf(When mode, void (*run)(Run&)) {
   return {
       .when = mode,
       .window = "frmMethPrecision",
-      .title = [](const Form&) -> std::string { return "Determination of Precision"; },
+      .title = "Determination of Precision",
       .menu = MenuWith("&Select Options for Precision Evaluation"),
       .print_header = "/cPrecision Results/rPage #/p/n",
       .plot_jobs = kPlotJobs,

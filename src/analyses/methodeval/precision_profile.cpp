@@ -20,11 +20,13 @@ constexpr std::string_view kPairsGroup = "Precision Profile from paired (x, SD) 
 constexpr Field kLevelColumn{.key = "level-column",
                              .group = kPairsGroup,
                              .caption = "Levels (x) from Data Column No.:",
-                             .enabled = {kPairs}};
+                             .enabled = {kPairs},
+                             .demand = kDataColumn};
 constexpr Field kSdColumn{.key = "sd-column",
                           .group = kPairsGroup,
                           .caption = "SD values from Data Column No.:",
-                          .enabled = {kPairs}};
+                          .enabled = {kPairs},
+                          .demand = kDataColumn};
 constexpr std::array<Choice, 2> kCurves{
     {{"spline", "Smoothed (spline) curve"}, {"lines", "Straight lines between curve points"}}};
 constexpr Field kCurve{.key = "curve",
@@ -50,12 +52,17 @@ constexpr Field kFields[] = {
     kCurve,
 };
 
+constexpr Rule kRules[] = {
+    DemandsOf(kStartColumn, kLastColumn, kLevelColumn, kSdColumn),
+    DemandsOf(kOutlierLimit),
+};
+
 constexpr Dialog frmMethPrecProfOpt{
     .window = "frmMethPrecProfOpt",
     .title = "Quorval     Precision Profile Options   ",
     .heading = "Options for Precision Profile",
     .fields = kFields,
-    .rules = kRules<kLevelColumn, kSdColumn>,
+    .rules = kRules,
 };
 static_assert(WellFormed(frmMethPrecProfOpt));
 
@@ -127,9 +134,9 @@ void RunPairs(Run& run) {
 
 // --- Windows
 
-constexpr PlotPicture kPictures[] = {
-    {"frmPrecPlot1", " Chart2D1.bmp", 250},
-    {"frmPrecPlot2", " Chart2D1Res.bmp", 250},
+constexpr PlotWindow kPictures[] = {
+    {.window = "frmPrecPlot1", .caption = {}, .bitmap = " Chart2D1.bmp", .height = 250},
+    {.window = "frmPrecPlot2", .caption = {}, .bitmap = " Chart2D1Res.bmp", .height = 250},
 };
 constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
@@ -137,7 +144,7 @@ constexpr Procedure ProcedureOf(When mode, void (*run)(Run&)) {
   return {
       .when = mode,
       .window = "frmMethPrecProf",
-      .title = [](const Form&) -> std::string { return "Precision Profile"; },
+      .title = "Precision Profile",
       .menu = MenuWith("&Select Options for Precision Profile"),
       .print_header = "/cPrecision Profile/rPage #/p/n",
       .plot_jobs = kPlotJobs,

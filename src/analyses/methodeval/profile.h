@@ -19,30 +19,22 @@ inline constexpr When kRaw{"mode", "raw"}, kPairs{"mode", "pairs"};
 // Each profile has its own words for these.
 inline constexpr Field kMode{
     .key = kRaw.key, .kind = FieldKind::kChoice, .initial = kRaw.word, .choices = {}};
-inline constexpr Field kStartColumn{.key = "start-column", .enabled = {kRaw}};
-inline constexpr Field kLastColumn{
-    .key = "last-column", .caption = "Data Column No. (last):", .enabled = {kRaw}};
+inline constexpr Field kStartColumn{
+    .key = "start-column", .enabled = {kRaw}, .demand = kDataColumn};
+inline constexpr Field kLastColumn{.key = "last-column",
+                                   .caption = "Data Column No. (last):",
+                                   .enabled = {kRaw},
+                                   .demand = kDataColumn};
 inline constexpr Field kOutlierLimit{.key = "outlier-limit",
                                      .caption = "No. of SD units as outlier rejection limit:",
                                      .initial = "4",
-                                     .enabled = {kRaw}};
+                                     .enabled = {kRaw},
+                                     .demand = kPositiveLimit};
 
 constexpr Field WithChoices(Field field, std::span<const Choice> choices) {
   field.choices = choices;
   return field;
 }
-
-// The columns of the mode, with `first` and `second` for pairs.  Pairs have no outlier limit.
-template <const Field& first, const Field& second>
-inline constexpr std::array<Rule, 2> kRules{{
-    {[](const Form& form) {
-       return form.Holds(kRaw) ? AnyOutsideWorksheet(form, kStartColumn, kLastColumn)
-                               : AnyOutsideWorksheet(form, first, second);
-     },
-     kColumnRefused},
-    {[](const Form& form) { return form.Holds(kRaw) && NotPositive(form, kOutlierLimit); },
-     kOptionRefused},
-}};
 
 // --- Raw data
 

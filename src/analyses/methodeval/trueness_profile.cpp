@@ -29,16 +29,20 @@ constexpr Field kLayoutNote{
 constexpr Field kTrueColumn{.key = "true-column",
                             .group = kPairsGroup,
                             .caption = "True values from Data Column No.:",
-                            .enabled = {kPairs}};
+                            .enabled = {kPairs},
+                            .demand = kDataColumn};
 constexpr Field kMeanColumn{.key = "mean-column",
                             .group = kPairsGroup,
                             .caption = "Measured means from Data Column No.:",
-                            .enabled = {kPairs}};
+                            .enabled = {kPairs},
+                            .demand = kDataColumn};
+// A word passes, and ends the run.
 constexpr Field kSemColumn{.key = "sem-column",
                            .group = kPairsGroup,
                            .heading = "Optional:",
                            .caption = "SEM values from Data Column No.:",
-                           .enabled = {kPairs}};
+                           .enabled = {kPairs},
+                           .demand = kDataColumn.Exempting(Demand::Exempt::kNoNumber)};
 
 constexpr Field kFields[] = {
     WithChoices(kMode, kModes),
@@ -54,16 +58,10 @@ constexpr Field kFields[] = {
     kSemColumn,
 };
 
-constexpr auto kBothModes = profile::kRules<kTrueColumn, kMeanColumn>;
 constexpr Rule kRules[] = {
-    kBothModes[0],
-    // A word passes, and ends the run.
-    {[](const Form& form) {
-       return form.Holds(kPairs) && form.HoldsNumber(kSemColumn) &&
-              OutsideWorksheet(form, kSemColumn);
-     },
-     kColumnRefused},
-    kBothModes[1],
+    DemandsOf(kStartColumn, kLastColumn, kTrueColumn, kMeanColumn),
+    DemandsOf(kSemColumn),
+    DemandsOf(kOutlierLimit),
 };
 
 constexpr Dialog frmMethTruenessOpt{
@@ -181,9 +179,9 @@ void RunPairs(Run& run) {
 
 // --- Windows
 
-constexpr PlotPicture kPictures[] = {
-    {"frmMethTruenessPlot2", " Chart2D1.bmp", 250},
-    {"frmMethTruenessPlot1a", " Chart2D1Res.bmp", 250},
+constexpr PlotWindow kPictures[] = {
+    {.window = "frmMethTruenessPlot2", .caption = {}, .bitmap = " Chart2D1.bmp", .height = 250},
+    {.window = "frmMethTruenessPlot1a", .caption = {}, .bitmap = " Chart2D1Res.bmp", .height = 250},
 };
 constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
 
@@ -191,7 +189,7 @@ constexpr Procedure ProcedureOf(When mode, std::string_view fault, void (*run)(R
   return {
       .when = mode,
       .window = "frmMethTrueness",
-      .title = [](const Form&) -> std::string { return "Trueness Profile"; },
+      .title = "Trueness Profile",
       .menu = MenuWith("&Select Options for Trueness Profile"),
       .print_header = "/cTrueness Results/rPage #/p/n",
       .plot_jobs = kPlotJobs,

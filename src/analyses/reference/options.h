@@ -1,8 +1,8 @@
 // The options of a reference interval run: the dialog, and the nonparametric one behind its button.
 #pragma once
 
+#include "analyses/class_options.h"
 #include "core/intake.h"
-#include "stats/histogram.h"
 
 namespace quorval::reference {
 

@@ -6,13 +6,13 @@
 
 namespace quorval::reference {
 
-inline constexpr PlotPicture kValuePictures[] = {
-    {"frmRefHisto", " Chart2D1.bmp", 250},
-    {"frmRefCum", " Chart2D1Cum.bmp", 250},
+inline constexpr PlotWindow kValuePictures[] = {
+    {.window = "frmRefHisto", .caption = {}, .bitmap = " Chart2D1.bmp", .height = 250},
+    {.window = "frmRefCum", .caption = {}, .bitmap = " Chart2D1Cum.bmp", .height = 250},
 };
-inline constexpr PlotPicture kTransformedPictures[] = {
-    {"frmRefHistoTrans", " Chart2D1Trans.bmp", 250},
-    {"frmRefCumTrans", " Chart2D1CumTrans.bmp", 250},
+inline constexpr PlotWindow kTransformedPictures[] = {
+    {.window = "frmRefHistoTrans", .caption = {}, .bitmap = " Chart2D1Trans.bmp", .height = 250},
+    {.window = "frmRefCumTrans", .caption = {}, .bitmap = " Chart2D1CumTrans.bmp", .height = 250},
 };
 inline constexpr PlotJob kPlotJobs[] = {{.pictures = kValuePictures},
                                         {.pictures = kTransformedPictures}};

@@ -84,7 +84,7 @@ void RunReferenceInterval(Run& run) {
 
 constexpr Procedure frmRefResults[] = {{
     .window = "frmRefResults",
-    .title = [](const Form&) -> std::string { return "Quorval      Reference Interval"; },
+    .title = "Quorval      Reference Interval",
     .menu = {.save = "&Save As"},
     .print_header = "/cReference Interval/rPage #/p/n",
     .plot_jobs = kPlotJobs,

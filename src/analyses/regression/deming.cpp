@@ -5,7 +5,7 @@
 // 2 to 43 of the sheet and two optional tables, and the plots frmXY1s and frmRes1s.  The analysis
 // can be repeated without the points that it marked.
 #include "analyses/registry.h"
-#include "analyses/regression/deming_report.h"
+#include "analyses/regression/deming_comparison.h"
 
 namespace quorval::regression {
 namespace {
@@ -29,11 +29,10 @@ constexpr Field kFields[] = {
 };
 
 constexpr Rule kRules[] = {
-    kIdColumnRule,
-    kFirstColumnsRule,
-    kLastColumnsRule,
-    {[](const Form& form) { return RatioRefused(form) || form.Number32(kOutlierLimit) <= 0; },
-     "Incompatible option value(s)"},
+    DemandsOf(kIdColumn),
+    DemandsOf(kFirstColumn, kSecondColumn),
+    DemandsOf(kThirdColumn, kFourthColumn),
+    DemandsOf(kSdRatio, kOutlierLimit),
 };
 
 constexpr Dialog MCstatF3so{
@@ -45,62 +44,83 @@ constexpr Dialog MCstatF3so{
 };
 static_assert(WellFormed(MCstatF3so));
 
-constexpr auto kPlots = PlotsCaptioned("XY-plot Deming regression analysis");
+// --- Input
 
-// --- The run
+DemingInput ReadDeming(Run& run) { return TakeDemingOptions(run, ReadPairs(run)); }
 
-std::string_view Title(const Run& run) {
-  const bool duplicate = IsDuplicate(run.form);
-  if (run.repeated != nullptr)
-    return duplicate ? "  Re-analysis Deming Regression Analysis (duplicate option) after outlier "
-                       "rejection"
-                     : "  Results of Deming Regression Analysis (re-analysis after outlier "
-                       "rejection)";
-  return duplicate ? "  Results of Deming Regression Analysis (duplicate option)"
-                   : "  Results of Deming Regression Analysis (single option)";
-}
+// --- Computation
 
-template <class Measurements>
-void Analyse(Run& run, const Pairs& data, const Measurements& measured) {
+struct UnweightedResult : DemingResult {
+  Real r;  // Pearson
+};
+
+UnweightedResult ComputeDeming(Messages& messages, const DemingInput& input) {
   constexpr std::string_view kNotComputed = "  Deming regression analysis could not be computed ";
-  using Width = typename Measurements::Width;
-  const Levels levels = PlaceLevels(run.form, RangeOfAbscissae(run, data, 4));
-  const std::optional<DemingLine> line = FitDeming(measured);
-  if (!line) run.Refuse(kNotComputed);
-  const Real r = PearsonR(run.messages, data.x, data.y);
-  const auto without_each = FitDemingWithoutEach(measured);
-  if (!without_each) run.Refuse(kNotComputed);
-  const JackknifeErrors errors = Jackknife(run.messages, *line, *without_each, levels);
-  const Real df = data.Count() - 2;
-  const TTest slope = TestAgainst(1, line->b, errors.se_b, df);
-
-  run.sheet.Clear();
-  WriteHead(run, Title(run), data);
-  WriteSlope(run, 11, slope);
-  run.sheet.Row(16, "  Correlation coefficient", r, CorrelationPClass(df, r));
-  const Sample e = VerticalResiduals<Width>(data, *line);
-  run.sheet.Row(17, "  SDyx (vertical)", ResidualSD(run, e));
-  WriteRatio(run, *line, "  Estimated SDax/SDay");
-  ReportDeming<Width>(run, {data, levels, *line, errors, e}, kPlots);
+  return std::visit(
+      [&](const auto& measured) -> UnweightedResult {
+        const std::optional<DemingLine> line = FitDeming(measured);
+        if (!line) Refuse(messages, kNotComputed);
+        const Real r = PearsonR(messages, input.data.x, input.data.y);
+        const auto without_each = FitDemingWithoutEach(measured);
+        if (!without_each) Refuse(messages, kNotComputed);
+        const JackknifeErrors errors = Jackknife(messages, *line, *without_each, input.levels);
+        const TTest slope = TestAgainst(1, line->b, errors.se_b, input.data.Count() - 2);
+        return {{.line = *line, .errors = errors, .slope = slope}, r};
+      },
+      input.measured);
 }
 
-void RunDeming(Run& run) {
-  Pairs data = ReadPairs(run);
-  if (IsDuplicate(run.form)) {
-    Analyse(run, data, TakeDuplicate(run, data));
-  } else {
-    const SingleMeasurements measured = TakeSingle(run.form, data);
-    Analyse(run, data, measured);
-  }
+// --- Report
+
+constexpr Quantity kCorrelation{"correlation", "  Correlation coefficient"};
+constexpr Quantity kSDyx{"sd_yx", "  SDyx (vertical)", Unit::kMeasurand};
+constexpr auto kQuantities =
+    Joined(kHeadQuantities, kSlopeRows.All(), std::array{kCorrelation, kSDyx}, kDemingQuantities);
+
+std::string_view Title(const DemingInput& input) {
+  if (input.repeated)
+    return input.duplicate
+               ? "  Re-analysis Deming Regression Analysis (duplicate option) after outlier "
+                 "rejection"
+               : "  Results of Deming Regression Analysis (re-analysis after outlier "
+                 "rejection)";
+  return input.duplicate ? "  Results of Deming Regression Analysis (duplicate option)"
+                         : "  Results of Deming Regression Analysis (single option)";
 }
+
+void Report(Messages& messages, ResultsSheet& sheet, const DemingInput& input,
+            UnweightedResult& result) {
+  WriteHead(sheet, Title(input), input);
+  WriteTest(sheet, 11, kSlopeRows, result.slope);
+  sheet.Row(16, kCorrelation(result.r), CorrelationPClass(input.data.Count() - 2, result.r));
+
+  // The rows above remain where the residuals cannot be examined.
+  result.e = AsWideAs(input.measured, [&]<class Width>() {
+    return VerticalResiduals<Width>(input.data, result.line);
+  });
+  sheet.Row(17, kSDyx(ResidualSD(messages, result.e)));
+  ReportDeming(messages, sheet, input, result, kEstimatedSdRatioRow.caption);
+}
+
+// --- Plots
+
+constexpr auto kPlots = PlotsCaptioned("XY-plot Deming regression analysis");
+constexpr PlotJob kPlotJobs[] = {{.pictures = kPlots}};
+
+void Draw(Plots& plots, const DemingInput& input, const UnweightedResult& result) {
+  DrawDeming(plots, kPlots, input, result);
+}
+
+// --- The analysis
 
 constexpr Procedure MCstatF3s[] = {Comparison({
     .window = "MCstatF3s",
-    .title = [](const Form& form) { return WindowTitle("Deming Regression Analysis", form); },
+    .title = "Quorval      Deming Regression Analysis",
     .menu = {.back = "&Selection of Deming  Reg. options"},
     .print_header = "/cDeming Regression/rPage #/p/n",
+    .plot_jobs = kPlotJobs,
     .plot_windows = kPlots,
-    .run = RunDeming,
+    .run = Steps<ReadDeming, ComputeDeming, Report, Draw, KeepDeming>,
 })};
 
 }  // namespace
@@ -109,6 +129,8 @@ constinit const Analysis kDeming{
     .id = "deming",
     .dialog = &MCstatF3so,
     .procedures = MCstatF3s,
+    .quantities = kQuantities,
+    .tables = kTables,
     .manual = "deming.md",
 };
 

@@ -41,8 +41,8 @@ DistanceResiduals DistancesFromLine(const Pairs& data, const DemingLine& line, c
 
 // Standardised by their SD.
 template <class Width>
-Sample Standardise(Run& run, const Sample& residuals) {
-  const Real sd = DescribeSample(run.messages, residuals).sd;
+Sample Standardise(Messages& messages, const Sample& residuals) {
+  const Real sd = DescribeSample(messages, residuals).sd;
   Sample z;
   for (Real residual : residuals) z.push_back(Width(residual / sd));
   return z;

@@ -35,4 +35,14 @@ Estimates EstimateAt(const LineFit& fit, const Levels& levels) {
   return estimates;
 }
 
+LeastSquaresResiduals ResidualsOf(const LineFit& line, const Pairs& data, std::span<const Real> w) {
+  LeastSquaresResiduals residuals;
+  for (std::size_t i = 0; i < data.x.size(); ++i) {
+    const Real y = residuals.estimate.emplace_back(line.At(data.x[i]));
+    const Real e = residuals.e.emplace_back(data.y[i] - y);
+    residuals.q.push_back(Sqrt(w[i]) * e);
+  }
+  return residuals;
+}
+
 }  // namespace quorval::regression

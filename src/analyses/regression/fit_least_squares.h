@@ -27,4 +27,16 @@ std::optional<LineFit> FitLeastSquares(std::span<const Real> x, std::span<const 
 // The line's estimates, with their standard errors, at the levels.
 Estimates EstimateAt(const LineFit& fit, const Levels& levels);
 
+// The points about a line.
+struct LeastSquaresResiduals : Residuals {
+  Sample q;   // vertical, times the root of the weight
+  Real SDyx;  // the SD shown, and the unit of z; the fit's own stays in the standard errors
+
+  void Standardise() {
+    for (Real weighted : q) z.push_back(weighted / SDyx);
+  }
+};
+// SDyx and z are not computed yet.
+LeastSquaresResiduals ResidualsOf(const LineFit& line, const Pairs& data, std::span<const Real> w);
+
 }  // namespace quorval::regression

@@ -1,26 +1,27 @@
 // The two plots that all method comparisons by regression fill.
 #pragma once
 
-#include <optional>
 #include <span>
-#include <string_view>
 
 #include "analyses/regression/regression.h"
 
 namespace quorval::regression {
 
-// frmXY1s: the points, the marked points, the line from the smallest x to the largest, the identity
-// line, and the bands where there are any.
-void DrawXYPlot(Run& run, const PlotWindow& window, const Pairs& data, const OutlierMarks& outliers,
-                RedrawnLines line, const std::optional<Bands>& bands);
+// What a method draws of its line.
+struct DrawnLine {
+  RedrawnLines line;
+  std::span<const Real> abscissae;  // of the residuals
+  std::span<const Real> z;          // standardised residuals
+};
 
-// frmRes1s: standardised residuals; the marked ones are a second series where there are any.
-void DrawResidualPlot(Run& run, const PlotWindow& window, std::span<const Real> abscissae,
-                      std::span<const Real> z, const OutlierMarks& outliers);
+// The first plot: the points, the marked points, the line from the smallest x to the largest, the
+// identity line, and the bands if they are wanted.  The second: the residuals; the marked ones are
+// a second series where there are any.
+void DrawComparison(Plots& plots, std::span<const PlotWindow> windows, const ParametricInput& input,
+                    const OutlierMarks& outliers, const Bands& bands, const DrawnLine& drawn);
 
 // The same without outliers and bands; both series of points hold all of them.
-void DrawUnmarkedXYPlot(Run& run, const PlotWindow& window, const Pairs& data, RedrawnLines line);
-void DrawUnmarkedResidualPlot(Run& run, const PlotWindow& window, std::span<const Real> abscissae,
-                              std::span<const Real> z);
+void DrawUnmarked(Plots& plots, std::span<const PlotWindow> windows, const Pairs& data,
+                  const DrawnLine& drawn);
 
 }  // namespace quorval::regression

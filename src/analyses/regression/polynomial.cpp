@@ -13,6 +13,7 @@
 
 #include "analyses/method_comparison.h"
 #include "analyses/registry.h"
+#include "core/steps.h"
 #include "stats/polynomial_tests.h"
 #include "stats/significance.h"
 
@@ -59,40 +60,55 @@ constexpr Dialog kDialog{
     .window = "frmPolynRegO", .title = "Polynomial Regression Analysis", .fields = kFields};
 static_assert(WellFormed(kDialog));
 
-// --- The data
+// --- Input
 
-struct OrderedPairs {
+struct PolynomialInput {
   Sample x, y;  // by x; points of equal x in the order of the worksheet
+  int degree;
+  Single outlier_limit;
+  std::optional<Single> x_value;  // where y is to be estimated
+  bool show_values, show_limits;
 
   int Count() const { return static_cast<int>(x.size()); }
 };
 
-OrderedPairs Sort(std::span<const Real> x, std::span<const Real> y) {
+void SortByX(Sample& x, Sample& y) {
   std::vector<std::size_t> order(x.size());
   std::iota(order.begin(), order.end(), std::size_t{0});
   std::ranges::stable_sort(order, [&](std::size_t i, std::size_t j) { return x[i] < x[j]; });
-  OrderedPairs points;
-  for (std::size_t i : order) {
-    points.x.push_back(x[i]);
-    points.y.push_back(y[i]);
+  const Sample unordered_x = x, unordered_y = y;
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    x[i] = unordered_x[order[i]];
+    y[i] = unordered_y[order[i]];
   }
-  return points;
 }
 
-OrderedPairs ReadPairs(Run& run) {
+PolynomialInput ReadPolynomial(Run& run) {
+  const Form& form = run.form;
+  PolynomialInput input;
   const Column x_column = ReadColumn(run, kXColumn);
-  const Sample x = x_column.Numbers(run.notices);
+  input.x = x_column.Numbers(run.notices);
   const Column y_column = ReadColumn(run, kYColumn);
-  const Sample y = y_column.Numbers(run.notices);
-  NoteLengths(run.notices, {{x_column.number, x.size()}, {y_column.number, y.size()}});
-  if (x.size() != y.size()) run.Refuse(" Unequal numbers of x and y values: No analysis");
-  if (x.size() < 3) run.Refuse(" N < 3: No analysis ");
-  return Sort(x, y);
+  input.y = y_column.Numbers(run.notices);
+  NoteLengths(run.notices, {{x_column.number, input.x.size()}, {y_column.number, input.y.size()}});
+  if (input.x.size() != input.y.size())
+    run.Refuse(" Unequal numbers of x and y values: No analysis");
+  if (input.x.size() < 3) run.Refuse(" N < 3: No analysis ");
+  SortByX(input.x, input.y);
+
+  input.degree = form.Column(kDegree);
+  if (input.degree > input.Count() - 2)
+    run.Refuse("Degree of polynomium is higher than sample size minus two: No analysis");
+  input.outlier_limit = form.WholeNumber32(kLimit);
+  if (!form.Blank(kXValue)) input.x_value = form.WholeNumber32(kXValue);
+  input.show_values = form.On(kShowValues);
+  input.show_limits = form.On(kShowLimits);
+  return input;
 }
 
-// --- The computation
+// --- Computation
 
-struct Results {
+struct PolynomialResult {
   Polynomial polynomial{};
   Sample estimate{}, e{};
   PolynomialSums sums{};
@@ -102,188 +118,206 @@ struct Results {
   Real t95{};
 };
 
-int TakeDegree(const Run& run, const OrderedPairs& points) {
-  const int degree = run.form.Column(kDegree);
-  if (degree > points.Count() - 2)
-    run.Refuse("Degree of polynomium is higher than sample size minus two: No analysis");
-  return degree;
-}
-
-Results Compute(Run& run, const OrderedPairs& points, int degree, Single limit) {
-  const auto& [x, y] = points;
-  const int n = points.Count();
+PolynomialResult ComputePolynomial(Messages& messages, const PolynomialInput& input) {
+  const auto& [x, y, degree, limit, x_value, show_values, show_limits] = input;
+  const int n = input.Count();
   const int df = n - degree - 1;
-  Results results{.polynomial = PolynomialFit(x, y, degree)};
+  PolynomialResult result{.polynomial = PolynomialFit(x, y, degree)};
   for (std::size_t i = 0; i < x.size(); ++i) {
-    results.estimate.push_back(results.polynomial.At(x[i]));
-    results.e.push_back(y[i] - results.estimate[i]);
+    result.estimate.push_back(result.polynomial.At(x[i]));
+    result.e.push_back(y[i] - result.estimate[i]);
   }
-  const PolynomialSums& sums = results.sums = SumsOf(x, y, results.polynomial);
-  results.SDyx = sums.SDyx();
-  results.tests = TestPolynomial(run.messages, x, y, sums);
-  results.R = Sqrt(sums.SSreg / (sums.SSreg + sums.SSres));
+  const PolynomialSums& sums = result.sums = SumsOf(x, y, result.polynomial);
+  result.SDyx = sums.SDyx();
+  result.tests = TestPolynomial(messages, x, y, sums);
+  result.R = Sqrt(sums.SSreg / (sums.SSreg + sums.SSres));
   // The limit counts in SDy.x, the marking in SDs with n - 1 in the denominator.
   const Real in_sds = limit * Sqrt(n - 1) / Sqrt(df);
-  results.outliers = MarkOutliersBySD(run.messages, in_sds, ToSingles(results.e));
-  results.t95 = CriticalT05(df);
-  return results;
+  result.outliers = MarkOutliersBySD(messages, in_sds, ToSingles(result.e));
+  result.t95 = CriticalT05(df);
+  return result;
 }
 
-// --- The sheet
+// --- Report
 
-void WriteFit(Run& run, const Results& results) {
-  ResultsSheet& sheet = run.sheet;
-  const PolynomialSums& sums = results.sums;
+constexpr std::string_view kDf = "D. f.: ";
+constexpr std::string_view kP = "  P:";
+
+constexpr Quantity kDegreeUsed{"degree", "  Degree", Unit::kNone, Width::kWhole};
+constexpr Quantity kPoints = Captioned(quantity::kCount, "  Number of obs.:");
+constexpr std::array kCoefficients{
+    Quantity{"b0", "  b0:"}, Quantity{"b1", "  b1:"}, Quantity{"b2", "  b2:"},
+    Quantity{"b3", "  b3:"}, Quantity{"b4", "  b4:"}, Quantity{"b5", "  b5:"},
+};
+constexpr Quantity kSSreg{"ss.regression", "  Sum of Squares Regression: "};
+constexpr Quantity kMSreg{"ms.regression", "  Mean square Regression (m2sq): "};
+constexpr Quantity kDfReg{"df.regression", kDf, Unit::kNone, Width::kWhole};
+constexpr Quantity kSSres{"ss.residual", "  Sum of Squares Residual: "};
+constexpr Quantity kMSres{"ms.residual", "  Mean square Residuals (m1sq): "};
+constexpr Quantity kDfRes{"df.residual", kDf, Unit::kNone, Width::kWhole};
+constexpr Quantity kSDyx{"sd_yx", "  Residuals SD (SDy.x): ", Unit::kMeasurand};
+constexpr Quantity kF{"f", "  F-Ratio: (m2sq/m1sq): "};
+constexpr Quantity kFP{"f.p", kP};
+constexpr Quantity kLastF{"last_coefficient.f", "  F-ratio last coef.:"};
+constexpr Quantity kLastFP{"last_coefficient.p", kP};
+constexpr Quantity kR{"correlation", "  Correlation coefficient (R):"};
+constexpr Quantity kOutliers = Captioned(quantity::kOutliers, " Number of outliers identified");
+constexpr Quantity kOutlierLimit =
+    Captioned(quantity::kOutlierLimit, "Outlier limit (no. of SDs):");
+constexpr Quantity kEnteredX{"x_value", "Entered X value:", Unit::kNone, Width::k32};
+constexpr Quantity kEstimate{"x_value.estimate", "Computed Yest:", Unit::kMeasurand};
+constexpr Quantity kT95{"t95", "t95:"};
+constexpr auto kQuantities =
+    Joined(std::array{kDegreeUsed, kPoints}, kCoefficients,
+           std::array{kSSreg, kMSreg, kDfReg, kSSres, kMSres, kDfRes, kSDyx, kF, kFP, kLastF,
+                      kLastFP, kR, kOutliers, kOutlierLimit, kEnteredX, kEstimate, kT95});
+constexpr NamedTable kValues{"values", "x in order, y, its estimate and the residual"};
+constexpr NamedTable kLimits{"limits", "The estimate of y less and plus t95 SDy.x"};
+constexpr NamedTable kTables[] = {kValues, kLimits};
+
+void WriteFit(ResultsSheet& sheet, const PolynomialResult& result) {
+  const PolynomialSums& sums = result.sums;
   sheet.Row(2, Bold{"  Polynomial regression"});
-  sheet.Row(3, "  Degree", sums.k, "  Project: ", run.context.ProjectName);
-  sheet.Row(4, "  Number of obs.:", sums.n);
+  sheet.Row(3, kDegreeUsed(sums.k), "  Project: ", sheet.ProjectName());
+  sheet.Row(4, kPoints(sums.n));
   sheet.Row(5, "  Coefficients:");
-  for (std::size_t j = 0; j < results.polynomial.b.size(); ++j)
-    sheet.Row(6 + static_cast<int>(j), "  b" + std::to_string(j) + ":", results.polynomial.b[j]);
+  for (std::size_t j = 0; j < result.polynomial.b.size(); ++j)
+    sheet.Row(6 + static_cast<int>(j), kCoefficients[j](result.polynomial.b[j]));
 
   constexpr Blank _;
-  constexpr std::string_view kDf = "D. f.: ";
   sheet.Row(14, "  Sum of squares and mean squares:");
-  sheet.Row(15, "  Sum of Squares Regression: ", _, _, sums.SSreg);
-  sheet.Row(16, "  Mean square Regression (m2sq): ", _, _, sums.m2sq, kDf, sums.k);
-  sheet.Row(17, "  Sum of Squares Residual: ", _, _, sums.SSres);
-  sheet.Row(18, "  Mean square Residuals (m1sq): ", _, _, sums.m1sq, kDf, sums.n - sums.k - 1);
-  sheet.Row(19, "  Residuals SD (SDy.x): ", _, _, results.SDyx);
+  sheet.Row(15, kSSreg.caption, _, _, kSSreg(sums.SSreg));
+  sheet.Row(16, kMSreg.caption, _, _, kMSreg(sums.m2sq), kDf, kDfReg(sums.k));
+  sheet.Row(17, kSSres.caption, _, _, kSSres(sums.SSres));
+  sheet.Row(18, kMSres.caption, _, _, kMSres(sums.m1sq), kDf, kDfRes(sums.n - sums.k - 1));
+  sheet.Row(19, kSDyx.caption, _, _, kSDyx(result.SDyx));
   sheet.Row(21, "  Generel F-test for the significance of polynomial regression: ");
-  constexpr std::string_view kRatio = "  F-Ratio: (m2sq/m1sq): ";
-  constexpr std::string_view kP = "  P:";
-  if (const auto& test = results.tests.overall) {
-    sheet.Row(23, kRatio, _, _, test->F, kP, test->P);
+  if (const auto& test = result.tests.overall) {
+    sheet.Row(23, kF.caption, _, _, kF(test->F), kP, kFP(test->P));
   } else {
-    sheet.Row(23, kRatio, _, _, _, kP);
+    sheet.Row(23, kF.caption, _, _, _, kP);
   }
-  if (const auto& test = results.tests.last) {
+  if (const auto& test = result.tests.last) {
     sheet.Row(25, Italic{"  Supplementary F-test for the significance of the last coefficient:"});
-    sheet.Row(27, "  F-ratio last coef.:", _, test->F, kP, test->P);
+    sheet.Row(27, kLastF.caption, _, kLastF(test->F), kP, kLastFP(test->P));
   }
-  sheet.Row(29, "  Correlation coefficient (R):", _, _, results.R);
+  sheet.Row(29, kR.caption, _, _, kR(result.R));
 }
 
 // Returns the last row.
-int WriteOutliersAndEstimate(Run& run, const Results& results, Single limit,
-                             std::optional<Single> x) {
-  ResultsSheet& sheet = run.sheet;
+int WriteOutliersAndEstimate(ResultsSheet& sheet, const PolynomialInput& input,
+                             const PolynomialResult& result) {
   constexpr Blank _;
-  if (results.outliers.count > 0) {
-    sheet.Row(31, " Number of outliers identified", _, _, results.outliers.count);
+  if (result.outliers.count > 0) {
+    sheet.Row(31, kOutliers.caption, _, _, kOutliers(result.outliers.count));
   } else {
     sheet.Row(31, "  No outliers identified");
   }
-  sheet.Row(32, "Outlier limit (no. of SDs):", _, _, Real(limit));
-  if (!x) return 32;
+  sheet.Row(32, kOutlierLimit.caption, _, _, kOutlierLimit(Real(input.outlier_limit)));
+  if (!input.x_value) return 32;
   sheet.Row(34, "Computed Y-value for entered X-value:");
-  sheet.Row(35, "Entered X value:", _, _, Real(*x));
-  sheet.Row(36, "Computed Yest:", _, _, results.polynomial.At(*x));
+  sheet.Row(35, kEnteredX.caption, _, _, kEnteredX(Real(*input.x_value)));
+  sheet.Row(36, kEstimate.caption, _, _, kEstimate(result.polynomial.At(*input.x_value)));
   return 36;
 }
 
-void WriteValues(ResultsSheet& sheet, int row, const Results& results, const OrderedPairs& points) {
+void WriteValues(ResultsSheet& sheet, int row, const PolynomialInput& input,
+                 const PolynomialResult& result) {
+  const ResultsSheet::Listing listing(sheet, kValues);
   sheet.Row(row, "X values ordered", "Y values ordered", "Estim. Y values", "(Y-Yest)");
-  for (std::size_t i = 0; i < points.x.size(); ++i) {
-    sheet.Row(++row, points.x[i], points.y[i], results.estimate[i], results.e[i]);
+  for (std::size_t i = 0; i < input.x.size(); ++i) {
+    sheet.Row(++row, input.x[i], input.y[i], result.estimate[i], result.e[i]);
     for (int column = 1; column <= 4; ++column)
-      sheet.grid().Edit(column, row).look.bold = results.outliers.flags[i];
+      sheet.grid().Edit(column, row).look.bold = result.outliers.flags[i];
   }
   sheet.Row(row + 1, "Outliers in bold");
 }
 
-void WriteLimits(ResultsSheet& sheet, int row, const Results& results) {
+void WriteLimits(ResultsSheet& sheet, int row, const PolynomialResult& result) {
   sheet.Put(row, 6, "(Yest-t95 SDy.x)");
   sheet.Put(row, 7, "(Yest+t95 SDy.x)");
-  const Real margin = results.t95 * results.SDyx;
-  for (Real estimate : results.estimate) {
-    ++row;
-    sheet.Put(row, 6, estimate - margin);
-    sheet.Put(row, 7, estimate + margin);
+  const Real margin = result.t95 * result.SDyx;
+  {
+    const ResultsSheet::Listing listing(sheet, kLimits);
+    for (Real estimate : result.estimate) {
+      ++row;
+      sheet.Put(row, 6, estimate - margin);
+      sheet.Put(row, 7, estimate + margin);
+    }
   }
-  sheet.Put(row + 1, 6, "t95:");
-  sheet.Put(row + 1, 7, results.t95);
+  sheet.Put(row + 1, 6, kT95.caption);
+  sheet.Put(row + 1, 7, kT95(result.t95));
 }
 
-// --- The plots
+void ReportPolynomial(ResultsSheet& sheet, const PolynomialInput& input,
+                      const PolynomialResult& result) {
+  WriteFit(sheet, result);
+  const int row = WriteOutliersAndEstimate(sheet, input, result) + 2;
+  if (input.show_values || input.show_limits) sheet.Row(row, "Optional output of values:");
+  if (input.show_values) WriteValues(sheet, row + 1, input, result);
+  if (input.show_limits) WriteLimits(sheet, row + 1, result);
+}
 
-constexpr PlotWindow kPlots[] = {{"frmPolynRegPlot", "Polynomial regression plot"},
-                                 {"frmPolynResPlot", "Standardized residuals plot"}};
+// --- Plots
+
+constexpr PlotWindow kPlots[] = {{.window = "frmPolynRegPlot",
+                                  .caption = "Polynomial regression plot",
+                                  .x_title = "X",
+                                  .y_title = "Y",
+                                  .bitmap = " Chart2D1.bmp",
+                                  .height = 350,
+                                  .opens_empty = true},
+                                 {.window = "frmPolynResPlot",
+                                  .caption = "Standardized residuals plot",
+                                  .x_title = "Estimated Y ",
+                                  .y_title = "Stand. residual",
+                                  .bitmap = " Chart2D1Res.bmp",
+                                  .height = 150,
+                                  .opens_empty = true}};
+constexpr PlotJob kPlotJobs[] = {{.pictures = kPlots}};
 
 void DrawMarked(Plot& plot, const Sample& x, const Sample& y, const OutlierMarks& outliers) {
   plot.AddPoints(Select(x, y, outliers, false));
   if (outliers.count > 0) plot.AddPoints(Select(x, y, outliers, true), Mark::kCross);
 }
 
-void DrawRegression(Run& run, const Results& results, const OrderedPairs& points) {
-  constexpr int kCurvePoints = 100;
-  Plot& plot = run.AddPlot(kPlots[0]);
-  plot.x.title = "X";
-  plot.y.title = "Y";
-  DrawMarked(plot, points.x, points.y, results.outliers);
+void DrawPolynomial(Plots& plots, const PolynomialInput& input, const PolynomialResult& result) {
+  Plot& regression = AddPlot(plots, kPlots[0]);
+  DrawMarked(regression, input.x, input.y, result.outliers);
   const auto add_curve = [&](Real above) {
-    const auto& [min, max] = RangeOf(points.x);
+    constexpr int kCurvePoints = 100;
+    const auto& [min, max] = RangeOf(input.x);
     Points curve;
     for (int i = 0; i < kCurvePoints; ++i) {
       const Real x = min + i * (max - min) / (kCurvePoints - 1);
-      curve.push_back({x, results.polynomial.At(x) + above});
+      curve.push_back({x, result.polynomial.At(x) + above});
     }
-    plot.AddLine(std::move(curve));
+    regression.AddLine(std::move(curve));
   };
   add_curve(0);
-  if (!run.form.On(kShowLimits)) return;
-  const Real margin = results.t95 * results.SDyx;
-  add_curve(-margin);
-  add_curve(margin);
-}
+  if (input.show_limits) {
+    const Real margin = result.t95 * result.SDyx;
+    add_curve(-margin);
+    add_curve(margin);
+  }
 
-void DrawResiduals(Run& run, const Results& results) {
-  Plot& plot = run.AddPlot(kPlots[1]);
-  plot.x.title = "Estimated Y ";
-  plot.y.title = "Stand. residual";
   Sample z;
-  for (Real e : results.e) z.push_back(results.SDyx == 0 ? e : e / results.SDyx);
-  DrawMarked(plot, results.estimate, z, results.outliers);
+  for (Real e : result.e) z.push_back(result.SDyx == 0 ? e : e / result.SDyx);
+  DrawMarked(AddPlot(plots, kPlots[1]), result.estimate, z, result.outliers);
 }
 
-// --- The run
-
-void RunPolynomial(Run& run) {
-  const Form& form = run.form;
-  const OrderedPairs points = ReadPairs(run);
-  const int degree = TakeDegree(run, points);
-  const Single limit = form.WholeNumber32(kLimit);
-  std::optional<Single> x;
-  if (!form.Blank(kXValue)) x = form.WholeNumber32(kXValue);
-  const Results results = Compute(run, points, degree, limit);
-
-  run.sheet.Clear();
-  WriteFit(run, results);
-  const int row = WriteOutliersAndEstimate(run, results, limit, x) + 2;
-  if (form.On(kShowValues) || form.On(kShowLimits))
-    run.sheet.Row(row, "Optional output of values:");
-  if (form.On(kShowValues)) WriteValues(run.sheet, row + 1, results, points);
-  if (form.On(kShowLimits)) WriteLimits(run.sheet, row + 1, results);
-  DrawRegression(run, results, points);
-  DrawResiduals(run, results);
-}
-
-constexpr std::array<PlotPicture, 2> kPictures{{
-    {"frmPolynRegPlot", " Chart2D1.bmp", 350},
-    {"frmPolynResPlot", " Chart2D1Res.bmp", 150},
-}};
-constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
+// --- The analysis
 
 constexpr Procedure kProcedures[] = {{
     .window = "frmPolynReg",
-    .title = [](const Form&) { return std::string("Polynomial Regression Analysis"); },
+    .title = "Polynomial Regression Analysis",
     .menu = {.back = "&Select Options"},
     .print_header = "/cPolynomial regression/rPage #/p/n",
     .plot_jobs = kPlotJobs,
     .plot_windows = kPlots,
     .offers_tutorial = true,
     .failure = {.fault = "Error", .aftermath = Aftermath::kWindowNotShown},
-    .run = RunPolynomial,
+    .run = Steps<ReadPolynomial, ComputePolynomial, ReportPolynomial, DrawPolynomial>,
 }};
 
 }  // namespace
@@ -292,6 +326,8 @@ constinit const Analysis kPolynomial{
     .id = "polynomial",
     .dialog = &kDialog,
     .procedures = kProcedures,
+    .quantities = kQuantities,
+    .tables = kTables,
     .manual = "polynomial.md",
 };
 

@@ -23,9 +23,8 @@ std::array<int, 4> ColumnNumbers(const Form& form) {
 
 }  // namespace
 
-std::string WindowTitle(std::string_view analysis, const Form& form) {
-  return "Quorval      " + std::string(analysis) +
-         (IsDuplicate(form) ? "    Duplicate (x1, x2, y1, y2)" : "    Single (x, y)");
+std::string_view ModeInTitle(const Form& form) {
+  return IsDuplicate(form) ? "    Duplicate (x1, x2, y1, y2)" : "    Single (x, y)";
 }
 
 Pairs ReadPairs(Run& run) {
@@ -83,19 +82,39 @@ Bands ComputeBands(const Levels& levels, const Estimates& estimates, Real tcrit)
   return bands;
 }
 
-Real ResidualSD(Run& run, std::span<const Real> residuals) {
+ComparisonInput TakeOptions(const Run& run, Pairs data, int least) {
+  const Range range = RangeOfAbscissae(run, data, least);
+  return {.duplicate = IsDuplicate(run.form),
+          .data = std::move(data),
+          .levels = PlaceLevels(run.form, range),
+          .show_residuals = run.form.On(kShowResiduals)};
+}
+
+ParametricInput TakeParametricOptions(const Run& run, Pairs data, int least) {
+  ParametricInput input{TakeOptions(run, std::move(data), least)};
+  input.repeated = run.repeated != nullptr;
+  input.outlier_limit = run.form.Number32(kOutlierLimit);
+  input.show_bands = run.form.On(kShowBands);
+  input.plot_bands = run.form.On(kPlotBands);
+  return input;
+}
+
+Real ResidualSD(Messages& messages, std::span<const Real> residuals) {
   const Real n = residuals.size();
-  return DescribeSample(run.messages, residuals).sd * Sqrt((n - 1) / (n - 2));
+  return DescribeSample(messages, residuals).sd * Sqrt((n - 1) / (n - 2));
 }
 
-OutlierMarks MarkOutliers(Run& run, std::span<const Real> residuals) {
-  return MarkOutliersBySD(run.messages, run.form.Number32(kOutlierLimit), ToSingles(residuals));
+OutlierMarks MarkOutliers(Messages& messages, const ParametricInput& input,
+                          std::span<const Real> residuals) {
+  return MarkOutliersBySD(messages, input.outlier_limit, ToSingles(residuals));
 }
 
-void KeepForReanalysis(Run& run, const Pairs& data, const OutlierMarks& outliers) {
-  if (outliers.count == 0) return;
-  Rejection& kept = run.rejection.emplace();
-  kept.limit = run.form.Number32(kOutlierLimit);
+std::optional<Rejection> KeepForReanalysis(const ParametricInput& input,
+                                           const OutlierMarks& outliers) {
+  if (outliers.count == 0) return std::nullopt;
+  const Pairs& data = input.data;
+  Rejection kept;
+  kept.limit = input.outlier_limit;
   kept.read_anew = {kXc1.key, kXc2.key};
   for (std::size_t i = 0; i < data.x.size(); ++i) {
     if (outliers.flags[i]) {
@@ -106,92 +125,86 @@ void KeepForReanalysis(Run& run, const Pairs& data, const OutlierMarks& outliers
     for (std::size_t k = 0; k < 4; ++k)
       if (!data.measured[k].empty()) kept.retained[k].push_back(data.measured[k][i]);
   }
+  return kept;
 }
 
-void WriteHead(Run& run, std::string_view title, const Pairs& data) {
-  ResultsSheet& sheet = run.sheet;
+void WriteHead(ResultsSheet& sheet, std::string_view title, const ComparisonInput& input) {
+  const auto& [n, x, y, x1, x2, y1, y2] = kHeadQuantities;
+  const std::array<int, 4>& columns = input.data.columns;
   sheet.Frame(title);
-  if (IsDuplicate(run.form)) {
-    sheet.Row(6, "  Number of (x1, x2, y1, y2) data points", data.Count());
-    sheet.Row(7, "  x1: Col no.", data.columns[0]);
-    sheet.Row(8, "  x2: Col no.", data.columns[1]);
-    sheet.Row(9, "  y1: Col no.", data.columns[2]);
-    sheet.Row(10, "  y2: Col no.", data.columns[3]);
-  } else {
-    WriteSingleColumns(run, data);
-  }
+  if (!input.duplicate) return WriteSingleColumns(sheet, input.data);
+  sheet.Row(6, "  Number of (x1, x2, y1, y2) data points", n(input.data.Count()));
+  sheet.Row(7, x1(columns[0]));
+  sheet.Row(8, x2(columns[1]));
+  sheet.Row(9, y1(columns[2]));
+  sheet.Row(10, y2(columns[3]));
 }
 
-void WriteSingleColumns(Run& run, const Pairs& data) {
-  run.sheet.Row(6, "  Number of (x, y) data points", data.Count());
-  run.sheet.Row(7, "  x: Col no.", data.columns[0]);
-  run.sheet.Row(8, "  y: Col no.", data.columns[1]);
+void WriteSingleColumns(ResultsSheet& sheet, const Pairs& data) {
+  const auto& [n, x, y, x1, x2, y1, y2] = kHeadQuantities;
+  sheet.Row(6, n(data.Count()));
+  sheet.Row(7, x(data.columns[0]));
+  sheet.Row(8, y(data.columns[1]));
 }
 
-void WriteSlope(Run& run, int row, const TTest& slope) {
-  ResultsSheet& sheet = run.sheet;
-  sheet.Row(row, "  Slope b", slope.estimate);
-  sheet.Row(row + 1, "  SE b", slope.se);
-  sheet.Row(row + 2, "  95%-Conf. Int.", slope.lower, slope.upper);
-  sheet.Row(row + 3, "  Test for slope deviation from 1");
-  sheet.Row(row + 4, "  t  and  P", slope.t, slope.P);
+void WriteTest(ResultsSheet& sheet, int row, const TestRows& rows, const TTest& test) {
+  sheet.Row(row, rows.estimate(test.estimate));
+  sheet.Row(row + 1, rows.se(test.se));
+  sheet.Row(row + 2, rows.lower(test.lower), rows.upper(test.upper));
+  sheet.Row(row + 3, rows.tested);
+  sheet.Row(row + 4, rows.t(test.t), test.P);
 }
 
-void WriteIntercept(Run& run, int row, const TTest& intercept) {
-  ResultsSheet& sheet = run.sheet;
-  sheet.Row(row, "  Intercept  a0", intercept.estimate);
-  sheet.Row(row + 1, "  SE a0", intercept.se);
-  sheet.Row(row + 2, "  95%-Conf. Int.", intercept.lower, intercept.upper);
-  sheet.Row(row + 3, "  Test for intercept deviation from 0");
-  sheet.Row(row + 4, "  t  and  P", intercept.t, intercept.P);
-}
-
-void WriteCriticalValues(Run& run, int row, const Levels& levels, const Estimates& estimates) {
+void WriteCriticalValues(ResultsSheet& sheet, int row, const Levels& levels,
+                         const Estimates& estimates) {
+  using namespace quantity;
   const auto& [Xc1, Xc2, u] = levels;
   const auto& [Yc1, Yc2, bands] = estimates;
   if (Xc1.shown) {
-    run.sheet.Row(row, "  Critical value Xc1", Xc1.x);
-    run.sheet.Row(row + 1, "  Difference Yc1 - Xc1 with SE", Yc1.y - Xc1.x, Yc1.se);
+    sheet.Row(row, quantity::kXc1(Xc1.x));
+    sheet.Row(row + 1, kDifference1(Yc1.y - Xc1.x), kDifference1Se(Yc1.se));
   }
   if (Xc2.shown) {
-    run.sheet.Row(row + 2, "  Critical value Xc2", Xc2.x);
-    run.sheet.Row(row + 3, "  Difference Yc2 - Xc2 with SE", Yc2.y - Xc2.x, Yc2.se);
+    sheet.Row(row + 2, quantity::kXc2(Xc2.x));
+    sheet.Row(row + 3, kDifference2(Yc2.y - Xc2.x), kDifference2Se(Yc2.se));
   }
 }
 
-void WriteOutliers(Run& run, const OutlierRows& rows, const OutlierMarks& outliers,
-                   const Pairs& data) {
-  quorval::WriteOutliers(run.sheet, rows, outliers, run.form.Number32(kOutlierLimit), data.x,
-                         data.y);
+void WriteOutliers(ResultsSheet& sheet, const OutlierRows& rows, const ParametricInput& input,
+                   const OutlierMarks& outliers) {
+  quorval::WriteOutliers(sheet, rows, outliers, input.outlier_limit, input.data.x, input.data.y);
 }
 
-void WriteBands(Run& run, int row, std::string_view estimate_heading, const Bands& bands) {
+void WriteBands(ResultsSheet& sheet, int row, std::string_view estimate_heading,
+                const Bands& bands) {
   constexpr std::string_view kX = "x value";
   constexpr std::string_view kLower = "Lower 95%-conf. limit";
   constexpr std::string_view kUpper = "Upper 95%-conf. limit";
+  const ResultsSheet::Listing listing(sheet, kBandsTable);
   const bool estimates = !estimate_heading.empty();
   if (estimates) {
-    run.sheet.Row(row, kX, estimate_heading, kLower, kUpper);
+    sheet.Row(row, kX, estimate_heading, kLower, kUpper);
   } else {
-    run.sheet.Row(row, kX, kLower, kUpper);
+    sheet.Row(row, kX, kLower, kUpper);
   }
   for (std::size_t k = 0; k < bands.u.size(); ++k) {
     ++row;
     if (estimates) {
-      run.sheet.Row(row, bands.u[k], bands.estimate[k], bands.lower[k], bands.upper[k]);
+      sheet.Row(row, bands.u[k], bands.estimate[k], bands.lower[k], bands.upper[k]);
     } else {
-      run.sheet.Row(row, bands.u[k], bands.lower[k], bands.upper[k]);
+      sheet.Row(row, bands.u[k], bands.lower[k], bands.upper[k]);
     }
   }
 }
 
-void WriteResiduals(Run& run, int row, const std::array<std::string_view, 5>& headings,
+void WriteResiduals(ResultsSheet& sheet, int row, const std::array<std::string_view, 5>& headings,
                     const Pairs& data, const Residuals& residuals) {
+  const ResultsSheet::Listing listing(sheet, kResidualsTable);
   const auto& [x, y, estimate, e, z] = headings;
-  run.sheet.Row(row, x, y, estimate, e, z);
+  sheet.Row(row, x, y, estimate, e, z);
   for (std::size_t i = 0; i < data.x.size(); ++i)
-    run.sheet.Row(row + 1 + static_cast<int>(i), data.x[i], data.y[i], residuals.estimate[i],
-                  residuals.e[i], residuals.z[i]);
+    sheet.Row(row + 1 + static_cast<int>(i), data.x[i], data.y[i], residuals.estimate[i],
+              residuals.e[i], residuals.z[i]);
 }
 
 }  // namespace quorval::regression

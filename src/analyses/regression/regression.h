@@ -2,12 +2,15 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "analyses/column_options.h"
 #include "analyses/method_comparison.h"
 #include "core/analysis.h"
+#include "core/steps.h"
 #include "stats/significance.h"
 
 namespace quorval::regression {
@@ -16,20 +19,29 @@ namespace quorval::regression {
 
 inline constexpr std::string_view kColumnsGroup = "Select data columns:";
 
-inline constexpr Field kIdColumn = InGroup(Text9, kColumnsGroup);
-inline constexpr Field kFirstColumn = InGroup(quorval::kFirstColumn, kColumnsGroup);
-inline constexpr Field kSecondColumn = InGroup(quorval::kSecondColumn, kColumnsGroup);
-inline constexpr Field kThirdColumn = InGroup(quorval::kThirdColumn, kColumnsGroup);
-inline constexpr Field kFourthColumn = InGroup(quorval::kFourthColumn, kColumnsGroup);
+// A column above the last one passes, and reads as an empty one.
+inline constexpr Demand kColumn{
+    .reading = Reading::kLeadingNumber, .least = 1, .refusal = "Selected column no. not allowed!"};
+constexpr Field ColumnField(Field field, const Demand& demand = kColumn) {
+  return InGroup(WithDemand(field, demand), kColumnsGroup);
+}
+inline constexpr Field kIdColumn = ColumnField(Text9, kColumn.Exempting(Demand::Exempt::kBlank));
+inline constexpr Field kFirstColumn = ColumnField(quorval::kFirstColumn);
+inline constexpr Field kSecondColumn = ColumnField(quorval::kSecondColumn);
+inline constexpr Field kThirdColumn = ColumnField(quorval::kThirdColumn);
+inline constexpr Field kFourthColumn = ColumnField(quorval::kFourthColumn);
 
 inline constexpr Field kXc1{
     .key = "xc1", .group = "Optional:", .caption = "Select critical value (Xc1):"};
 inline constexpr Field kXc2{
     .key = "xc2", .group = "Optional:", .caption = "Select critical value (Xc2):"};
+inline constexpr Demand kPositiveNumber{
+    .reading = Reading::kLeadingNumber32, .above = 0, .refusal = kOptionRefused};
 inline constexpr Field kOutlierLimit{
     .key = "outlier-limit",
     .caption = "Specify number of standard deviations as outlier rejection limit:",
-    .initial = "4"};
+    .initial = "4",
+    .demand = kPositiveNumber};
 
 // Tick boxes; each method has its own captions for them.
 inline constexpr Field kShowResiduals{
@@ -37,39 +49,34 @@ inline constexpr Field kShowResiduals{
 inline constexpr Field kShowBands{.key = "show-bands", .kind = FieldKind::kCheck, .initial = "off"};
 inline constexpr Field kPlotBands{.key = "plot-bands", .kind = FieldKind::kCheck, .initial = "on"};
 
-inline constexpr std::string_view kColumnRefused = "Selected column no. not allowed!";
-inline constexpr Rule kIdColumnRule{
-    [](const Form& form) { return !form.Blank(Text9) && form.Number(Text9) < 1; }, kColumnRefused};
-inline constexpr Rule kFirstColumnsRule{
-    [](const Form& form) { return form.Number(Text10) < 1 || form.Number(Text11) < 1; },
-    kColumnRefused};
-inline constexpr Rule kLastColumnsRule{
-    [](const Form& form) {
-      return IsDuplicate(form) && (form.Number(Text12) < 1 || form.Number(Text13) < 1);
-    },
-    kColumnRefused};
-
-// "Quorval      " + the name of the analysis + the mode.
-std::string WindowTitle(std::string_view analysis, const Form& form);
+// How the title of a results window ends.
+std::string_view ModeInTitle(const Form& form);
 
 // --- Windows
 
-inline constexpr std::string_view kResidualCaption = "Standardized residuals plot";
-
 // A method's plot of y against x, and that of its residuals.
 constexpr std::array<PlotWindow, 2> PlotsCaptioned(std::string_view xy_caption) {
-  return {{{"frmXY1s", xy_caption}, {"frmRes1s", kResidualCaption}}};
+  return {{{.window = "frmXY1s",
+            .caption = xy_caption,
+            .x_title = "x",
+            .y_title = "y",
+            .bitmap = " Chart2D1.bmp",
+            .height = 350,
+            .opens_empty = true},
+           {.window = "frmRes1s",
+            .caption = "Standardized residuals plot",
+            .x_title = "x",
+            .y_title = "Standardized residual",
+            .bitmap = " Chart2D1Res.bmp",
+            .height = 150,
+            .opens_empty = true,
+            .goes_to_sheet = true}}};
 }
 
-inline constexpr std::array<PlotPicture, 2> kPictures{{
-    {"frmXY1s", " Chart2D1.bmp", 350},
-    {"frmRes1s", " Chart2D1Res.bmp", 150},
-}};
-inline constexpr std::array<PlotJob, 1> kPlotJobs{{{.pictures = kPictures}}};
-
-// A method's own procedure with what all of them have: the plots, and the words of a failure.
+// A method's own procedure with what all of them have: the mode in the title, and the words of a
+// failure.
 constexpr Procedure Comparison(Procedure own) {
-  own.plot_jobs = kPlotJobs;
+  own.title_end = ModeInTitle;
   own.failure = {.fault = "Error occurred", .second = "Error occurred"};
   return own;
 }
@@ -128,16 +135,36 @@ struct Bands {
 // The 95 % confidence bands.
 Bands ComputeBands(const Levels& levels, const Estimates& estimates, Real tcrit);
 
-// --- Tests and residuals
+// What all methods take from their dialog and the worksheet.
+struct ComparisonInput {
+  bool duplicate;  // four columns
+  Pairs data;
+  Levels levels;
+  bool show_residuals;
+};
+// Those that have standard errors take more.
+struct ParametricInput : ComparisonInput {
+  bool repeated = false;  // a re-analysis without the points that the first run marked
+  Single outlier_limit{};
+  bool show_bands = false, plot_bands = false;
+};
+
+// With the pairs as the method computes with them, at least so many.
+ComparisonInput TakeOptions(const Run& run, Pairs data, int least);
+ParametricInput TakeParametricOptions(const Run& run, Pairs data, int least);
+
+// --- Residuals
 
 // The SD of residuals from a fitted line, n - 2 degrees of freedom.
-Real ResidualSD(Run& run, std::span<const Real> residuals);
+Real ResidualSD(Messages& messages, std::span<const Real> residuals);
 
 // By the limit of the dialog, on a 32-bit copy of the residuals.
-OutlierMarks MarkOutliers(Run& run, std::span<const Real> residuals);
+OutlierMarks MarkOutliers(Messages& messages, const ParametricInput& input,
+                          std::span<const Real> residuals);
 
-// Sorts the points by their marks for a re-analysis.
-void KeepForReanalysis(Run& run, const Pairs& data, const OutlierMarks& outliers);
+// The points sorted by their marks, for a re-analysis; none where nothing was marked.
+std::optional<Rejection> KeepForReanalysis(const ParametricInput& input,
+                                           const OutlierMarks& outliers);
 
 // What the tables and plots show of the points.
 struct Residuals {
@@ -149,26 +176,84 @@ struct Residuals {
 // --- Rows of the sheets
 
 // Rows 2 to 10: the title, the number of points and the columns.
-void WriteHead(Run& run, std::string_view title, const Pairs& data);
+inline constexpr std::array kHeadQuantities{
+    Captioned(quantity::kCount, "  Number of (x, y) data points"),
+    Quantity{.name = "x.column", .caption = "  x: Col no.", .width = Width::kWhole},
+    Quantity{.name = "y.column", .caption = "  y: Col no.", .width = Width::kWhole},
+    Quantity{.name = "x1.column", .caption = "  x1: Col no.", .width = Width::kWhole},
+    Quantity{.name = "x2.column", .caption = "  x2: Col no.", .width = Width::kWhole},
+    Quantity{.name = "y1.column", .caption = "  y1: Col no.", .width = Width::kWhole},
+    Quantity{.name = "y2.column", .caption = "  y2: Col no.", .width = Width::kWhole},
+};
+void WriteHead(ResultsSheet& sheet, std::string_view title, const ComparisonInput& input);
 // Rows 6 to 8 of the single form.
-void WriteSingleColumns(Run& run, const Pairs& data);
+void WriteSingleColumns(ResultsSheet& sheet, const Pairs& data);
 
-// Five rows each: the estimate, its SE and limits, and the test.
-void WriteSlope(Run& run, int row, const TTest& slope);
-void WriteIntercept(Run& run, int row, const TTest& intercept);
+// The five rows of an estimate and its test.
+struct TestRows {
+  Quantity estimate, se, lower, upper;
+  std::string_view tested;
+  Quantity t;
+
+  constexpr std::array<Quantity, 5> All() const { return {estimate, se, lower, upper, t}; }
+};
+inline constexpr TestRows kSlopeRows{
+    .estimate = {"slope", "  Slope b"},
+    .se = {"slope.se", "  SE b"},
+    .lower = {"slope.lower", "  95%-Conf. Int."},
+    .upper = {"slope.upper", "  95%-Conf. Int."},
+    .tested = "  Test for slope deviation from 1",
+    .t = {"slope.t", "  t  and  P"},
+};
+inline constexpr TestRows kInterceptRows{
+    .estimate = {"intercept", "  Intercept  a0", Unit::kMeasurand},
+    .se = {"intercept.se", "  SE a0", Unit::kMeasurand},
+    .lower = {"intercept.lower", "  95%-Conf. Int.", Unit::kMeasurand},
+    .upper = {"intercept.upper", "  95%-Conf. Int.", Unit::kMeasurand},
+    .tested = "  Test for intercept deviation from 0",
+    .t = {"intercept.t", "  t  and  P"},
+};
+void WriteTest(ResultsSheet& sheet, int row, const TestRows& rows, const TTest& test);
+
+namespace quantity {
+using namespace quorval::quantity;
+inline constexpr Quantity kXc1{"xc1", "  Critical value Xc1", Unit::kMeasurand, Width::k32};
+inline constexpr Quantity kXc2{"xc2", "  Critical value Xc2", Unit::kMeasurand, Width::k32};
+inline constexpr Quantity kDifference1{"xc1.difference", "  Difference Yc1 - Xc1 with SE",
+                                       Unit::kMeasurand};
+inline constexpr Quantity kDifference2{"xc2.difference", "  Difference Yc2 - Xc2 with SE",
+                                       Unit::kMeasurand};
+inline constexpr Quantity kDifference1Se{"xc1.difference.se", "  Difference Yc1 - Xc1 with SE",
+                                         Unit::kMeasurand};
+inline constexpr Quantity kDifference2Se{"xc2.difference.se", "  Difference Yc2 - Xc2 with SE",
+                                         Unit::kMeasurand};
+}  // namespace quantity
 
 // Two rows for each critical value that is shown.
-void WriteCriticalValues(Run& run, int row, const Levels& levels, const Estimates& estimates);
+inline constexpr std::array kCriticalValueQuantities{
+    quantity::kXc1, quantity::kDifference1, quantity::kDifference1Se,
+    quantity::kXc2, quantity::kDifference2, quantity::kDifference2Se,
+};
+void WriteCriticalValues(ResultsSheet& sheet, int row, const Levels& levels,
+                         const Estimates& estimates);
 
-void WriteOutliers(Run& run, const OutlierRows& rows, const OutlierMarks& outliers,
-                   const Pairs& data);
+void WriteOutliers(ResultsSheet& sheet, const OutlierRows& rows, const ParametricInput& input,
+                   const OutlierMarks& outliers);
+
+inline constexpr std::string_view kLinearityTest = "  Test for dev. from linearity";
 
 // The header in `row`, a line for each position below it.  Without a heading the table has no
 // estimates.
-void WriteBands(Run& run, int row, std::string_view estimate_heading, const Bands& bands);
+inline constexpr NamedTable kBandsTable{"bands", "95 % confidence bands at 11 positions"};
+void WriteBands(ResultsSheet& sheet, int row, std::string_view estimate_heading,
+                const Bands& bands);
 
 // The header in `row`, a line for each point below it: x, y, estimate, e and z.
-void WriteResiduals(Run& run, int row, const std::array<std::string_view, 5>& headings,
+inline constexpr NamedTable kResidualsTable{"residuals",
+                                            "x, y, the estimate of y and the residuals"};
+void WriteResiduals(ResultsSheet& sheet, int row, const std::array<std::string_view, 5>& headings,
                     const Pairs& data, const Residuals& residuals);
+
+inline constexpr NamedTable kTables[] = {kOutlierList, kBandsTable, kResidualsTable};
 
 }  // namespace quorval::regression

@@ -6,7 +6,7 @@
 // 2 to 43 of the sheet and two optional tables, and the plots frmXY1s and frmRes1s.  The analysis
 // can be repeated without the points that it marked.
 #include "analyses/registry.h"
-#include "analyses/regression/deming_report.h"
+#include "analyses/regression/deming_comparison.h"
 #include "analyses/regression/fit_weighted_deming.h"
 
 namespace quorval::regression {
@@ -34,15 +34,10 @@ constexpr Field kFields[] = {
 };
 
 constexpr Rule kRules[] = {
-    kIdColumnRule,
-    kFirstColumnsRule,
-    kLastColumnsRule,
-    {[](const Form& form) {
-       const Single exponent = form.Number32(kWeightingExponent);
-       return exponent < 0 || exponent > 2 || form.Number32(kTruncationLimit) < 0 ||
-              form.Number32(kOutlierLimit) <= 0 || RatioRefused(form);
-     },
-     "Incompatible option value(s)"},
+    DemandsOf(kIdColumn),
+    DemandsOf(kFirstColumn, kSecondColumn),
+    DemandsOf(kThirdColumn, kFourthColumn),
+    DemandsOf(kWeightingExponent, kTruncationLimit, kOutlierLimit, kSdRatio),
 };
 
 constexpr Dialog MCstatF4so{
@@ -54,48 +49,13 @@ constexpr Dialog MCstatF4so{
 };
 static_assert(WellFormed(MCstatF4so));
 
-// --- The head of the sheet
+// --- Input
 
-// Rows 1 to 5.
-void WriteTitle(Run& run) {
-  const bool duplicate = IsDuplicate(run.form);
-  if (run.repeated == nullptr) {
-    run.sheet.Frame(duplicate ? "  Results of Weighted Deming Regression Analysis (dupl.)"
-                              : "  Results of Weighted Deming Regression Analysis (Single)");
-    return;
-  }
-  run.sheet.Frame(duplicate ? "  after outlier rejection"
-                            : "  Re-analysis after outlier rejection");
-  run.sheet.Row(1, Bold{"  Results of Weighted Deming Regression Analysis"});
-}
+struct WeightedDemingInput : DemingInput {
+  Weighting weighting;
+};
 
-// Rows 6 to 8.
-void WriteColumns(Run& run, const Pairs& data) {
-  ResultsSheet& sheet = run.sheet;
-  const auto& [first, second, third, fourth] = data.columns;
-  if (IsDuplicate(run.form)) {
-    sheet.Row(6, "  Number of (x1,x2,y1,y2) data points", data.Count());
-    sheet.Row(7, "  x1 and x2: Col numbers", first, second);
-    sheet.Row(8, "  y1 and y2: Col numbers", third, fourth);
-  } else {
-    WriteSingleColumns(run, data);
-  }
-}
-
-// Rows 9 and 10.
-void WriteWeighting(Run& run, const Weighting& weighting) {
-  std::string_view relationship;
-  if (weighting.P == 1) relationship = "(square root relationship)";
-  if (weighting.P == 2) relationship = "(proportional relationship)";
-  run.sheet.Row(9, "Weighting exponent = ", Real(weighting.P), relationship);
-  run.sheet.Row(10, "Truncation of weighting at lower limit =   ", Real(weighting.T));
-}
-
-constexpr auto kPlots = PlotsCaptioned("XY-plot Weighted Deming regression analysis");
-
-// --- The run
-
-// Looks at the single measurements.
+// Of the single measurements.
 void RefuseNegativeOrZero(const Run& run, const Pairs& data) {
   const bool other_words = run.repeated != nullptr && IsDuplicate(run.form);
   for (const Sample& values : data.measured)
@@ -105,54 +65,110 @@ void RefuseNegativeOrZero(const Run& run, const Pairs& data) {
                                          : " Negative or zero numbers: No regression analysis ");
 }
 
-template <class Measurements>
-void Analyse(Run& run, const Pairs& data, const Measurements& measured) {
-  constexpr std::string_view kNotComputed =
-      " No convergence in iterative Weighted Deming analysis ";
-  using Width = typename Measurements::Width;
-  const Levels levels = PlaceLevels(run.form, RangeOfAbscissae(run, data, 4));
-  const Weighting weighting = TakeWeighting(run.form);
-  const std::optional<WeightedDemingLine> line = FitWeightedDeming(measured, weighting);
-  if (!line) run.Refuse(kNotComputed);
-  const auto without_each = FitWeightedDemingWithoutEach(measured, weighting);
-  if (!without_each) run.Refuse(kNotComputed);
-  const JackknifeErrors errors = Jackknife(run.messages, *line, *without_each, levels);
-  const Real df = data.Count() - 2;
-  const TTest slope = TestAgainst(1, line->b, errors.se_b, df);
-
-  run.sheet.Clear();
-  WriteTitle(run);
-  WriteColumns(run, data);
-  WriteWeighting(run, weighting);
-  WriteSlope(run, 11, slope);
-  run.sheet.Row(16, "  W. correlation coefficient", line->rw, CorrelationPClass(df, line->rw));
-  const Sample e = VerticalResiduals<Width>(data, *line);
-  Sample q;  // weighted residuals
-  for (std::size_t i = 0; i < e.size(); ++i) q.push_back(Width(Sqrt(line->w[i]) * e[i]));
-  run.sheet.Row(17, "SDy.x prop. factor (vertical)", ResidualSD(run, q));
-  WriteRatio(run, *line, "  Estimated   SDax/SDay");
-  ReportDeming<Width>(run, {data, levels, *line, errors, e}, kPlots);
-}
-
-void RunWeightedDeming(Run& run) {
+WeightedDemingInput ReadWeightedDeming(Run& run) {
   Pairs data = ReadPairs(run);
   RefuseNegativeOrZero(run, data);
-  if (IsDuplicate(run.form)) {
-    Analyse(run, data, TakeDuplicate(run, data));
-  } else {
-    const SingleMeasurements measured = TakeSingle(run.form, data);
-    Analyse(run, data, measured);
-  }
+  return {TakeDemingOptions(run, std::move(data)), TakeWeighting(run.form)};
 }
+
+// --- Computation
+
+struct WeightedDemingResult : DemingResult {
+  Real rw;   // weighted correlation
+  Sample w;  // weights
+};
+
+WeightedDemingResult ComputeWeightedDeming(Messages& messages, const WeightedDemingInput& input) {
+  constexpr std::string_view kNotComputed =
+      " No convergence in iterative Weighted Deming analysis ";
+  return std::visit(
+      [&](const auto& measured) -> WeightedDemingResult {
+        const std::optional<WeightedDemingLine> line = FitWeightedDeming(measured, input.weighting);
+        if (!line) Refuse(messages, kNotComputed);
+        const auto without_each = FitWeightedDemingWithoutEach(measured, input.weighting);
+        if (!without_each) Refuse(messages, kNotComputed);
+        const JackknifeErrors errors = Jackknife(messages, *line, *without_each, input.levels);
+        const TTest slope = TestAgainst(1, line->b, errors.se_b, input.data.Count() - 2);
+        return {{.line = *line, .errors = errors, .slope = slope}, line->rw, line->w};
+      },
+      input.measured);
+}
+
+// --- Report
+
+constexpr WeightingRows kWeightingRows{
+    .exponent = Captioned(quantity::kExponent, "Weighting exponent = "),
+    .limit = Captioned(quantity::kTruncationLimit, "Truncation of weighting at lower limit =   "),
+    .square_root = "(square root relationship)",
+    .proportional = "(proportional relationship)",
+};
+constexpr Quantity kCorrelation =
+    Captioned(quantity::kWeightedCorrelation, "  W. correlation coefficient");
+constexpr Quantity kSDyx = Captioned(quantity::kSDyxFactor, "SDy.x prop. factor (vertical)");
+constexpr auto kQuantities = Joined(kHeadQuantities, kWeightingRows.All(), kSlopeRows.All(),
+                                    std::array{kCorrelation, kSDyx}, kDemingQuantities);
+
+// Rows 1 to 5.
+void WriteTitle(ResultsSheet& sheet, const DemingInput& input) {
+  if (!input.repeated) {
+    sheet.Frame(input.duplicate ? "  Results of Weighted Deming Regression Analysis (dupl.)"
+                                : "  Results of Weighted Deming Regression Analysis (Single)");
+    return;
+  }
+  sheet.Frame(input.duplicate ? "  after outlier rejection"
+                              : "  Re-analysis after outlier rejection");
+  sheet.Row(1, Bold{"  Results of Weighted Deming Regression Analysis"});
+}
+
+// Rows 6 to 8.
+void WriteColumns(ResultsSheet& sheet, const DemingInput& input) {
+  if (!input.duplicate) return WriteSingleColumns(sheet, input.data);
+  const auto& [n, x, y, x1, x2, y1, y2] = kHeadQuantities;
+  const auto& [first, second, third, fourth] = input.data.columns;
+  sheet.Row(6, "  Number of (x1,x2,y1,y2) data points", n(input.data.Count()));
+  sheet.Row(7, "  x1 and x2: Col numbers", x1(first), x2(second));
+  sheet.Row(8, "  y1 and y2: Col numbers", y1(third), y2(fourth));
+}
+
+void Report(Messages& messages, ResultsSheet& sheet, const WeightedDemingInput& input,
+            WeightedDemingResult& result) {
+  WriteTitle(sheet, input);
+  WriteColumns(sheet, input);
+  WriteExponent(sheet, 9, kWeightingRows, input.weighting);
+  sheet.Row(10, kWeightingRows.limit(Real(input.weighting.T)));
+  WriteTest(sheet, 11, kSlopeRows, result.slope);
+  sheet.Row(16, kCorrelation(result.rw), CorrelationPClass(input.data.Count() - 2, result.rw));
+
+  // The rows above remain where the residuals cannot be examined.
+  Sample q;  // weighted residuals
+  AsWideAs(input.measured, [&]<class Width>() {
+    result.e = VerticalResiduals<Width>(input.data, result.line);
+    for (std::size_t i = 0; i < result.e.size(); ++i)
+      q.push_back(Width(Sqrt(result.w[i]) * result.e[i]));
+  });
+  sheet.Row(17, kSDyx(ResidualSD(messages, q)));
+  ReportDeming(messages, sheet, input, result, "  Estimated   SDax/SDay");
+}
+
+// --- Plots
+
+constexpr auto kPlots = PlotsCaptioned("XY-plot Weighted Deming regression analysis");
+constexpr PlotJob kPlotJobs[] = {{.pictures = kPlots}};
+
+void Draw(Plots& plots, const WeightedDemingInput& input, const WeightedDemingResult& result) {
+  DrawDeming(plots, kPlots, input, result);
+}
+
+// --- The analysis
 
 constexpr Procedure MCstatF4s[] = {Comparison({
     .window = "MCstatF4s",
-    .title =
-        [](const Form& form) { return WindowTitle("Weighted Deming Regression Analysis", form); },
+    .title = "Quorval      Weighted Deming Regression Analysis",
     .menu = {.back = "&Selection of W. Deming  Reg. options"},
     .print_header = "/cWeighted Deming Regression/rPage #/p/n",
+    .plot_jobs = kPlotJobs,
     .plot_windows = kPlots,
-    .run = RunWeightedDeming,
+    .run = Steps<ReadWeightedDeming, ComputeWeightedDeming, Report, Draw, KeepDeming>,
 })};
 
 }  // namespace
@@ -161,6 +177,8 @@ constinit const Analysis kWeightedDeming{
     .id = "weighted-deming",
     .dialog = &MCstatF4so,
     .procedures = MCstatF4s,
+    .quantities = kQuantities,
+    .tables = kTables,
     .manual = "weighted-deming.md",
 };
 

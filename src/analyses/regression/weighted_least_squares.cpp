@@ -6,8 +6,7 @@
 // the points that it marked.
 #include "analyses/registry.h"
 #include "analyses/regression/fit_weighted_least_squares.h"
-#include "analyses/regression/least_squares_report.h"
-#include "stats/significance.h"
+#include "analyses/regression/plots.h"
 
 namespace quorval::regression {
 namespace {
@@ -25,10 +24,14 @@ constexpr Field kFields[] = {
     kFourthColumn,
     kXc1,
     kXc2,
-    InGroup(Captioned(kWeightingExponent,
+    InGroup(Captioned(RefusedWith(kWeightingExponent,
+                                  "Weighting exponent should be between zero and 2 incl."),
                       "Weighting exponent (0 - 2): (2 corresponds to proportional weighting)"),
             kWeightingGroup),
-    InGroup(Captioned(kTruncationLimit, "Lower limit of truncation:"), kWeightingGroup),
+    InGroup(Captioned(RefusedWith(kTruncationLimit,
+                                  "Negative value for Lower limit of truncation not allowed"),
+                      "Lower limit of truncation:"),
+            kWeightingGroup),
     kOutlierLimit,
     Captioned(kShowResiduals, "Display x, y ,estim. y and residuals"),
     Captioned(kShowBands, "Display coordinates of 95%-confidence band (at 11 positions)"),
@@ -36,17 +39,12 @@ constexpr Field kFields[] = {
 };
 
 constexpr Rule kRules[] = {
-    kIdColumnRule,
-    kFirstColumnsRule,
-    kLastColumnsRule,
-    {[](const Form& form) { return form.Number32(kOutlierLimit) <= 0; },
-     "Incompatible option value(s)"},
-    {[](const Form& form) { return form.Number32(kTruncationLimit) < 0; },
-     "Negative value for Lower limit of truncation not allowed"},
-    {[](const Form& form) {
-       return form.Number32(kWeightingExponent) < 0 || form.Number32(kWeightingExponent) > 2;
-     },
-     "Weighting exponent should be between zero and 2 incl."},
+    DemandsOf(kIdColumn),
+    DemandsOf(kFirstColumn, kSecondColumn),
+    DemandsOf(kThirdColumn, kFourthColumn),
+    DemandsOf(kOutlierLimit),
+    DemandsOf(kTruncationLimit),
+    DemandsOf(kWeightingExponent),
 };
 
 constexpr Dialog MCstatF2so{
@@ -58,72 +56,121 @@ constexpr Dialog MCstatF2so{
 };
 static_assert(WellFormed(MCstatF2so));
 
-constexpr auto kPlots = PlotsCaptioned("X-Y plot Weighted least-squares reg. analysis");
+// --- Input
 
-// --- The run
-
-std::string_view Title(const Run& run) {
-  return run.repeated == nullptr
-             ? "  Results of Weighted Least-Squares Regression Analysis"
-             : "  Results of Weighted Least-Squares Regression Analysis (Re-analysis after outlier "
-               "rejection)";
-}
-
-void WriteWeighting(Run& run, const Weighting& weighting) {
-  std::string_view relationship;
-  if (weighting.P == 1) relationship = "  (square root relationship)";
-  if (weighting.P == 2) relationship = "  (proportional relationship)";
-  run.sheet.Row(11, "  Display of weighting parameters");
-  run.sheet.Row(12, "  Weighting exponent = ", Real(weighting.P), relationship);
-  if (weighting.T > 0)
-    run.sheet.Row(13, "  Truncation of weighting at lower limit = ", Real(weighting.T));
-}
-
-constexpr LeastSquaresRows kRows{
-    .sd = 20,
-    .sd_label = "  SDy.x prop. factor",
-    .intercept = 23,
-    .critical_values = 29,
-    .outliers = {.count = 34, .first = 39, .more = 50},
-    .bands = 52,
-    .estimate_heading = "Estim. y value",
-    .residuals = 64,
-    .residual_headings = {"x value", "y value", "Estim. y", "Residuals: (y-(a0+bx)",
-                          "St. residuals"},
+struct WlsInput : ParametricInput {
+  Weighting weighting;
 };
 
-void RunWls(Run& run) {
-  const Pairs data = ReadPairs(run);
+WlsInput ReadWls(Run& run) {
+  Pairs data = ReadPairs(run);
   for (const Sample& values : {data.x, data.y})
     RefuseNegativeOrZero(run, values, " Negative or zero numbers: No regression analysis ");
-  const Levels levels = PlaceLevels(run.form, RangeOfAbscissae(run, data, 3));
-  const Weighting weighting = TakeWeighting(run.form);
-  const std::optional<WeightedLineFit> fit = FitWeightedLeastSquares(data.x, data.y, weighting);
-  if (!fit) run.Refuse("  Weighted l-s regression analysis could not be computed ");
-  const Estimates estimates = EstimateAt(*fit, levels);
-  const Real df = data.Count() - 2;
-  const TTest slope = TestAgainst(1, fit->b, fit->se_b, df);
+  return {TakeParametricOptions(run, std::move(data), 3), TakeWeighting(run.form)};
+}
 
-  run.sheet.Clear();
-  WriteHead(run, Title(run), data);
-  WriteWeighting(run, weighting);
-  WriteSlope(run, 14, slope);
-  run.sheet.Row(19, "  Weighted correlation coefficient", fit->rw, CorrelationPClass(df, fit->rw));
-  const OutlierMarks outliers =
-      ReportLeastSquares(run, kRows, {data, levels, *fit, estimates, fit->w}, kPlots);
-  KeepForReanalysis(run, data, outliers);
+// --- Computation
+
+struct WlsResult {
+  WeightedLineFit line;
+  Estimates estimates;  // at the levels
+  TTest slope;
+  LeastSquaresResiduals residuals{};
+  OutlierMarks outliers{};
+  Bands bands{};
+};
+
+WlsResult ComputeWls(Messages& messages, const WlsInput& input) {
+  const std::optional<WeightedLineFit> line =
+      FitWeightedLeastSquares(input.data.x, input.data.y, input.weighting);
+  if (!line) Refuse(messages, "  Weighted l-s regression analysis could not be computed ");
+  return {.line = *line,
+          .estimates = EstimateAt(*line, input.levels),
+          .slope = TestAgainst(1, line->b, line->se_b, input.data.Count() - 2)};
+}
+
+// --- Report
+
+constexpr WeightingRows kWeightingRows{
+    .exponent = Captioned(quantity::kExponent, "  Weighting exponent = "),
+    .limit = Captioned(quantity::kTruncationLimit, "  Truncation of weighting at lower limit = "),
+    .square_root = "  (square root relationship)",
+    .proportional = "  (proportional relationship)",
+};
+constexpr Quantity kCorrelation =
+    Captioned(quantity::kWeightedCorrelation, "  Weighted correlation coefficient");
+constexpr Quantity kSDyx = Captioned(quantity::kSDyxFactor, "  SDy.x prop. factor");
+constexpr auto kQuantities =
+    Joined(kHeadQuantities, kWeightingRows.All(), kSlopeRows.All(), std::array{kCorrelation, kSDyx},
+           kInterceptRows.All(), kCriticalValueQuantities, kOutlierQuantities);
+
+std::string_view Title(const WlsInput& input) {
+  return input.repeated
+             ? "  Results of Weighted Least-Squares Regression Analysis (Re-analysis after outlier "
+               "rejection)"
+             : "  Results of Weighted Least-Squares Regression Analysis";
+}
+
+void WriteWeighting(ResultsSheet& sheet, const Weighting& weighting) {
+  sheet.Row(11, "  Display of weighting parameters");
+  WriteExponent(sheet, 12, kWeightingRows, weighting);
+  if (weighting.T > 0) sheet.Row(13, kWeightingRows.limit(Real(weighting.T)));
+}
+
+void ReportWls(Messages& messages, ResultsSheet& sheet, const WlsInput& input, WlsResult& result) {
+  const auto& [line, estimates, slope, residuals, outliers, bands] = result;
+  const Real df = input.data.Count() - 2;
+  WriteHead(sheet, Title(input), input);
+  WriteWeighting(sheet, input.weighting);
+  WriteTest(sheet, 14, kSlopeRows, slope);
+  sheet.Row(19, kCorrelation(line.rw), CorrelationPClass(df, line.rw));
+
+  // The rows above remain where the residuals cannot be examined.
+  result.residuals = ResidualsOf(line, input.data, line.w);
+  result.residuals.SDyx = ResidualSD(messages, residuals.q);
+  sheet.Row(20, kSDyx(residuals.SDyx));
+  sheet.Row(21, kLinearityTest, RunsTestClass(messages, residuals.e));
+  WriteTest(sheet, 23, kInterceptRows, TestAgainst(0, line.a0, line.se_a0, df));
+  WriteCriticalValues(sheet, 29, input.levels, estimates);
+
+  result.residuals.Standardise();
+  // By the SD around the weighted residuals' mean: not by z.
+  result.outliers = MarkOutliers(messages, input, residuals.q);
+  WriteOutliers(sheet, {.count = 34, .first = 39, .more = 50}, input, outliers);
+
+  result.bands = ComputeBands(input.levels, estimates, CriticalT05(df));
+  if (input.show_bands) WriteBands(sheet, 52, "Estim. y value", bands);
+  if (input.show_residuals)
+    WriteResiduals(sheet, 64,
+                   {"x value", "y value", "Estim. y", "Residuals: (y-(a0+bx)", "St. residuals"},
+                   input.data, residuals);
+}
+
+// --- Plots
+
+constexpr auto kPlots = PlotsCaptioned("X-Y plot Weighted least-squares reg. analysis");
+constexpr PlotJob kPlotJobs[] = {{.pictures = kPlots}};
+
+void DrawWls(Plots& plots, const WlsInput& input, const WlsResult& result) {
+  const auto& [line, estimates, slope, residuals, outliers, bands] = result;
+  DrawComparison(plots, kPlots, input, outliers, bands,
+                 {{.a0 = line.a0, .b = line.b}, input.data.x, residuals.z});
+}
+
+// --- The analysis
+
+std::optional<Rejection> KeepWls(const WlsInput& input, const WlsResult& result) {
+  return KeepForReanalysis(input, result.outliers);
 }
 
 constexpr Procedure MCstatF2s[] = {Comparison({
     .window = "MCstatF2s",
-    .title =
-        [](const Form& form) {
-          return WindowTitle("Weighted Least-Squares Regression Analysis", form);
-        },
+    .title = "Quorval      Weighted Least-Squares Regression Analysis",
     .menu = {.back = "&Selection of Weighted L.-S.  Reg. options"},
     .print_header = "/cWeighted Linear Regression/rPage #/p/n",
+    .plot_jobs = kPlotJobs,
     .plot_windows = kPlots,
-    .run = RunWls,
+    .run = Steps<ReadWls, ComputeWls, ReportWls, DrawWls, KeepWls>,
 })};
 
 }  // namespace
@@ -132,6 +179,8 @@ constinit const Analysis kWls{
     .id = "wls",
     .dialog = &MCstatF2so,
     .procedures = MCstatF2s,
+    .quantities = kQuantities,
+    .tables = kTables,
     .manual = "weighted-least-squares.md",
 };
 

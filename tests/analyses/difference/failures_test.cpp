@@ -19,7 +19,6 @@ struct Case {
 
 const Columns kThree{{"1", "2", "3"}, {"2", "2", "4"}, {"1", "3", "5"}, {"2", "4", "5"}};
 const std::string kColumns = "Incompatible column selection(s)";
-const std::string kOption = "Incompatible option value(s)";
 const std::string kUnequal = "Unequal number of observations in columns: No analysis";
 const std::string kTooFew = " n < 3: No analysis ";
 const std::string kNotPositive = " Negative or zero numbers occurred: No analysis ";
@@ -41,38 +40,12 @@ TEST_P(DifferenceRefuses, WithItsBoxesAndAnEmptySheet) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Dialog, DifferenceRefuses,
+    Single, DifferenceRefuses,
     testing::Values(
-        Case{"ID beyond the worksheet", kThree, {{"id", "501"}}, {kColumns}},
-        Case{"ID a word", kThree, {{"id", "ID"}}, {kColumns}},
-        Case{"ID beyond 16 bits", kThree, {{"id", "40000"}}, {kColumns}},
-        Case{"x column 0", kThree, {{"first-column", "0"}}, {kColumns}},
-        Case{"x column that rounds to 0", kThree, {{"first-column", "0.5"}}, {kColumns}},
-        Case{"y column empty", kThree, {{"second-column", ""}}, {kColumns}},
-        Case{"y column 501", kThree, {{"second-column", "501"}}, {kColumns}},
-        Case{"y column that rounds to 501", kThree, {{"second-column", "500.6"}}, {kColumns}},
-        Case{"third column, duplicate",
-             kThree,
-             {{"mode", "duplicate"}, {"third-column", "0"}},
-             {kColumns}},
-        Case{"fourth column, duplicate",
-             kThree,
-             {{"mode", "duplicate"}, {"fourth-column", "2x"}},
-             {kColumns}},
         Case{"columns before the limit",
              kThree,
              {{"first-column", "0"}, {"outlier-limit", "0"}},
              {kColumns}},
-        Case{"limit 0", kThree, {{"outlier-limit", "0"}}, {kOption}},
-        Case{"limit below 0", kThree, {{"outlier-limit", "-2"}}, {kOption}},
-        Case{"limit empty", kThree, {{"outlier-limit", ""}}, {kOption}},
-        Case{"limit a word", kThree, {{"outlier-limit", "4 SD"}}, {kOption}},
-        Case{"limit beyond 32 bits", kThree, {{"outlier-limit", "1e39"}}, {kOption}},
-        Case{"limit that 32 bits round to 0", kThree, {{"outlier-limit", "1e-50"}}, {kOption}}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Single, DifferenceRefuses,
-    testing::Values(
         Case{"no data", {}, {}, {kTooFew}},
         Case{"two pairs, one negative", {{"1", "-2"}, {"2", "2"}}, {}, {kTooFew}},
         Case{"unequal columns", {{"1", "2", "3"}, {"1", "2"}}, {}, {kUnequal, kTooFew}},

@@ -218,32 +218,16 @@ TEST_P(OlsRefuses, WithItsBoxes) {
 
 const Columns kThree{{"1", "2", "3"}, {"1", "2", "4"}, {"1", "2", "3"}, {"1", "2", "4"}};
 const std::string kColumn = "Selected column no. not allowed!";
-const std::string kLimit = "Negative value for Outlier limit not allowed!";
 const std::string kError = "Error occurred";
 const std::string kUnequal = "Unequal number of observations in columns: No analysis";
 
 INSTANTIATE_TEST_SUITE_P(
-    Dialog, OlsRefuses,
-    testing::Values(Refused{"first column 0", kThree, {{"first-column", "0"}}, {kColumn}},
-                    Refused{"second column a word", kThree, {{"second-column", "y"}}, {kColumn}},
-                    Refused{"a column of 0.6", kThree, {{"first-column", "0.6"}}, {kColumn}},
-                    Refused{"third column, duplicate",
-                            kThree,
-                            {{"mode", "duplicate"}, {"third-column", "-1"}},
-                            {kColumn}},
-                    Refused{"column before limit",
-                            kThree,
-                            {{"first-column", "0"}, {"outlier-limit", "0"}},
-                            {kColumn}},
-                    Refused{"limit 0", kThree, {{"outlier-limit", "0"}}, {kLimit}},
-                    Refused{"limit -1", kThree, {{"outlier-limit", "-1"}}, {kLimit}},
-                    Refused{"limit empty", kThree, {{"outlier-limit", ""}}, {kLimit}},
-                    Refused{
-                        "limit beyond 32 bits", kThree, {{"outlier-limit", "1e39"}}, {kLimit}}));
-
-INSTANTIATE_TEST_SUITE_P(
     Run, OlsRefuses,
     testing::Values(
+        Refused{"column before limit",
+                kThree,
+                {{"first-column", "0"}, {"outlier-limit", "0"}},
+                {kColumn}},
         Refused{"too few points", {{"1", "2"}, {"1", "2"}}, {}, {" n < 3: No regression analysis"}},
         Refused{"no points", {}, {}, {" n < 3: No regression analysis"}},
         Refused{"a word among two rows", {{"1", "n.d."}, {"1", "2"}}, {}, {kError}},

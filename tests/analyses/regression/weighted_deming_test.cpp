@@ -59,17 +59,9 @@ TEST(WeightedDeming, EqualsDemingWithWeightsOf1) {
 }
 
 TEST(WeightedDeming, Refuses) {
-  const Columns four{
-      {"1", "2", "3", "4"}, {"1", "2", "4", "3"}, {"1", "2", "3", "4"}, {"1", "2", "4", "3"}};
-  const std::string options = "Incompatible option value(s)";
   const std::string negative = " Negative or zero numbers: No regression analysis ";
   const std::string no_convergence = " No convergence in iterative Weighted Deming analysis ";
   for (const Refused& refused : {
-           Refused{"exponent -0.1", four, {{"weighting-exponent", "-0.1"}}, {options}},
-           Refused{"exponent 2.1", four, {{"weighting-exponent", "2.1"}}, {options}},
-           Refused{"truncation -1", four, {{"truncation-limit", "-1"}}, {options}},
-           Refused{"limit 0", four, {{"outlier-limit", "0"}}, {options}},
-           Refused{"ratio -1", four, {{"sd-ratio", "-1"}}, {options}},
            Refused{"a single negative measurement whose mean is positive",
                    {{"1", "-2"}, {"1", "6"}, {"1", "2"}, {"1", "2"}},
                    {{"mode", "duplicate"}},
