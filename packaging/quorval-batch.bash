@@ -19,7 +19,7 @@ _quorval_batch() {
   elif [ "$COMP_CWORD" -eq 2 ] && [[ $command = run || $command = describe ]]; then
     words=$("$program" list 2>/dev/null | cut -d' ' -f1)
   elif [ "$before" = --set ] && [ "$command" = run ]; then
-    words=$("$program" describe "$analysis" 2>/dev/null | awk 'NR > 2 && /^[^ ]/ { print $1 "=" }')
+    words=$("$program" describe "$analysis" 2>/dev/null | awk '/^$/ { ++part } part == 1 && /^[^ ]/ { print $1 "=" }')
     compopt -o nospace
   elif [[ $command = run && ( $before = '=' || $current = '=' ) ]]; then
     # bash makes "=" a word of its own.

@@ -19,21 +19,15 @@ constexpr Field ClassCountField(std::string_view key, const Field& choice) {
   return {.key = key, .group = choice.group, .beside = {choice.key, "user"}};
 }
 
-// The classes of the number that the user specified; by default while the choice is "default" or
-// the number is empty.  A Fault of a word.
-HistogramClasses ChooseClasses(const Form& form, const Field& choice, const Field& count,
-                               const Description& values, Real N);
-
-// The same for a plot that reads its fields only when it is drawn: what cannot be read is then the
-// plot's failure.
+// Such fields as a form holds them, read when a histogram is drawn: a word in them fails the
+// drawing alone.
 struct ClassOptions {
   const Form& form;
-  const Field& choice;
-  const Field& count;
+  const Field &choice, &count;
 
-  HistogramClasses For(const Description& values, Real N) const {
-    return ChooseClasses(form, choice, count, values, N);
-  }
+  // The classes of the number that the user specified; by default while the choice is "default" or
+  // the number is empty.  A Fault of a word.
+  HistogramClasses Of(const Description& values, Real N) const;
 };
 
 }  // namespace quorval

@@ -24,7 +24,7 @@ void ListFirstMarked(ResultsSheet& sheet, const NamedTable& table, const Outlier
   if (outliers.count > kMostOutliersListed) sheet.Row(more, words);
 }
 
-inline constexpr NamedTable kOutlierValues{"outlier_list", "The outliers"};
+inline constexpr NamedTable kOutlierValues{"outlier_values", "The first five outliers"};
 
 // The values themselves in column 1, from this row down.
 void ListOutliers(ResultsSheet& sheet, int row, const OutlierMarks& outliers,

@@ -7,20 +7,19 @@
 namespace quorval::quantity {
 
 inline constexpr Quantity kCount{.name = "n", .caption = {}, .width = Width::kWhole};
-inline constexpr Quantity kOutliers{
-    .name = "outliers", .caption = "  Number of outliers identified", .width = Width::kWhole};
-inline constexpr Quantity kOutlierLimit{
-    .name = "outlier_limit", .caption = "  Outlier limit: No. of SDs", .width = Width::k32};
-
-// Of one sample.
-inline constexpr Quantity kMean{"mean", "  Mean: ", Unit::kMeasurand};
-inline constexpr Quantity kSD{"sd", "  SD: ", Unit::kMeasurand};
-inline constexpr Quantity kMedian{"median", "  Median: ", Unit::kMeasurand};
 inline constexpr Quantity kMin{"min", "  Minimum: ", Unit::kMeasurand};
 inline constexpr Quantity kMax{"max", "  Maximum: ", Unit::kMeasurand};
+inline constexpr Quantity kMedian{"median", "  Median: ", Unit::kMeasurand};
+inline constexpr Quantity kMean{"mean", "  Mean: ", Unit::kMeasurand};
+inline constexpr Quantity kMeanSe{"mean.se", "  SEM: ", Unit::kMeasurand};
+inline constexpr Quantity kSd{"sd", "  SD: ", Unit::kMeasurand};
 inline constexpr Quantity kSkewness{"skewness", "  Skewness: "};
 inline constexpr Quantity kKurtosis{"kurtosis", "  Kurtosis: "};
 // Of the test of normality, where its P is a number and no class.
 inline constexpr Quantity kNormalityP{"normality.p", "  P "};
+inline constexpr Quantity kOutliers{
+    .name = "outliers", .caption = "  Number of outliers identified", .width = Width::kWhole};
+inline constexpr Quantity kOutlierLimit{
+    .name = "outlier_limit", .caption = "  Outlier limit: No. of SDs", .width = Width::k32};
 
 }  // namespace quorval::quantity

@@ -89,11 +89,11 @@ void PrintQuantities(const Analysis& analysis) {
   const int name_width = static_cast<int>(widest) + 2;
   std::cout << "\nQuantities of the results sheet:\n";
   for (const Quantity& one : analysis.quantities)
-    std::cout << std::setw(name_width) << one.name << std::setw(11) << UnitWord(one.unit)
+    std::cout << "  " << std::setw(name_width) << one.name << std::setw(11) << UnitWord(one.unit)
               << std::setw(9) << WidthWord(one.width) << Quoted(one.caption) << '\n';
   if (!analysis.tables.empty()) std::cout << "\nTables of the results sheet:\n";
   for (const NamedTable& one : analysis.tables)
-    std::cout << std::setw(name_width) << one.name << Quoted(one.caption) << '\n';
+    std::cout << "  " << std::setw(name_width) << one.name << Quoted(one.caption) << '\n';
 }
 
 void PrintDescription(const MenuEntry& entry) {

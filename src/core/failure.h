@@ -23,7 +23,7 @@ struct Refusal {};
   throw Refusal{};
 }
 
-// Ends the routine with these words; what calls it may tell more.
+// Ends a routine in words of its own.
 [[noreturn]] inline void Fail(Messages& messages, std::string_view words) {
   messages.Tell(words);
   throw Failure{};

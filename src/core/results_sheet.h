@@ -124,7 +124,7 @@ class ResultsSheet {
   void Give(int row, int column, const Quantity& quantity, BoldNumber value) {
     Give(row, column, quantity, value.number);
   }
-  // A text that is a number has its value; another, such as "> 0.5", has none.
+  // A number as text; other texts, such as "< 0.05", are none.
   void Give(int row, int column, const Quantity& quantity, std::string_view text);
   void List(int row, int column);
 

@@ -49,8 +49,8 @@ TEST(Demo, NamesTheExamplesOfTheMenu) {
 }
 
 TEST(Describe, ShowsEachFieldLetterByLetter) {
-  EXPECT_EQ(RunProgram({"describe", "ols"}).out,
-            R"text(ols: "&Ord. Least Squares Regression Analysis"
+  EXPECT_THAT(RunProgram({"describe", "ols"}).out,
+              testing::StartsWith(R"text(ols: "&Ord. Least Squares Regression Analysis"
 
 mode            choice  default "single"     "Select:"
   single                                     "Single (x, y)"
@@ -66,7 +66,10 @@ outlier-limit   text    default "4"          "Specify number of standard deviati
 show-residuals  check   default "off"        "Display x, y and residual values (y-(a0+bx))"
 show-bands      check   default "off"        "Display coordinates of 95%-confidence bands (at 11 positions)"
 plot-bands      check   default "on"         "Show 95%-confidence bands in plot"
-)text");
+
+Quantities of the results sheet:
+  n                  none       whole    "  Number of (x, y) data points"
+)text"));
 }
 
 TEST(Describe, GivesTheSameAsJson) {
@@ -87,6 +90,9 @@ TEST(Describe, GivesTheSameAsJson) {
     "other-caption-while": {"mode": "duplicate"}})json"));
   EXPECT_EQ(json["fields"][4]["shown-while"], Json::parse(R"json({"mode": "duplicate"})json"));
   EXPECT_EQ(json["fields"][11]["default"], "on");
+  EXPECT_EQ(json["quantities"][13], Json::parse(R"json({"name": "sd_yx", "caption": "  SDyx",
+    "unit": "measurand", "width": "64 bits"})json"));
+  EXPECT_EQ(json["tables"][1]["name"], "bands");
 }
 
 // Every dialog can be described, whatever it is made of.

@@ -150,7 +150,7 @@ void WriteParametric(ResultsSheet& sheet, const ParametricInput& input,
 }
 
 constexpr Quantity kMean = Captioned(quantity::kMean, "  Mean and SD: ");
-constexpr Quantity kSD = Captioned(quantity::kSD, "  Mean and SD: ");
+constexpr Quantity kSD = Captioned(quantity::kSd, "  Mean and SD: ");
 constexpr Quantity kSkewness = Captioned(quantity::kSkewness, "  Coeff. of skewness: ");
 constexpr Quantity kKurtosis = Captioned(quantity::kKurtosis, "  Coeff. of kurtosis: ");
 
@@ -263,7 +263,7 @@ void DrawHistogram(Messages& messages, Plots& plots, const ReferenceInput& input
   const Description described = DescribeSample(messages, input.RefValues);
   HistogramClasses classes{};
   Insist(messages, kHistogramFault, [&] {
-    classes = input.classes.For(described, input.N());
+    classes = input.classes.Of(described, input.N());
     AddBars(plot, classes, input.RefValues, input.N());
   });
   if (!with_gaussian) return;
@@ -295,7 +295,7 @@ void DrawTransformed(Messages& messages, Plots& plots, const ParametricInput& in
   const Sample& y = estimate.variable.TransformedValues;
   Insist(messages, kGaussianHistogramFault, [&] {
     Plot& plot = AddPlot(plots, kTransformedHistogram);
-    const HistogramClasses classes = input.classes.For(estimate.described, y.size());
+    const HistogramClasses classes = input.classes.Of(estimate.described, y.size());
     AddBars(plot, classes, y, y.size());
     plot.AddLine(DensityCurve(estimate.described, classes.h));
   });
