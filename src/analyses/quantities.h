@@ -12,4 +12,14 @@ inline constexpr Quantity kOutliers{
 inline constexpr Quantity kOutlierLimit{
     .name = "outlier_limit", .caption = "  Outlier limit: No. of SDs", .width = Width::k32};
 
+// One column, or adjacent ones.
+inline constexpr Quantity kColumn{.name = "column", .caption = {}, .width = Width::kWhole};
+inline constexpr Quantity kFirstColumn{
+    .name = "column.first", .caption = {}, .width = Width::kWhole};
+inline constexpr Quantity kLastColumn{.name = "column.last", .caption = {}, .width = Width::kWhole};
+
+inline constexpr Quantity kMean{.name = "mean", .caption = {}, .unit = Unit::kMeasurand};
+inline constexpr Quantity kSD{.name = "sd", .caption = {}, .unit = Unit::kMeasurand};
+inline constexpr Quantity kCV{.name = "cv", .caption = {}, .unit = Unit::kPercent};
+
 }  // namespace quorval::quantity

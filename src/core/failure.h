@@ -23,6 +23,12 @@ struct Refusal {};
   throw Refusal{};
 }
 
+// Ends a routine with these words.
+[[noreturn]] inline void Fail(Messages& messages, std::string_view words) {
+  messages.Tell(words);
+  throw Failure{};
+}
+
 // Runs `work`.  A Fault in it is told as `words` and goes no further; what the work had stored by
 // then stays.  True when the work came to its end.
 template <class Work>

@@ -32,6 +32,10 @@ void ResultsSheet::Give(int row, int column, const Quantity& quantity, Real valu
   quantities_.push_back({quantity, Raw(value), row, column});
 }
 
+void ResultsSheet::Give(int row, int column, const Quantity& quantity, std::string_view number) {
+  Give(row, column, quantity, ToNumber(number));
+}
+
 void ResultsSheet::List(int row, int column) {
   if (!table_) return;
   if (tables_.empty() || tables_.back().table.name != table_->name)

@@ -124,6 +124,7 @@ class ResultsSheet {
   void Give(int row, int column, const Quantity& quantity, BoldNumber value) {
     Give(row, column, quantity, value.number);
   }
+  void Give(int row, int column, const Quantity& quantity, std::string_view number);
   void List(int row, int column);
 
   const Context* context_;
