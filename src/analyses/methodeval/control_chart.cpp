@@ -62,6 +62,9 @@ struct ControlChartInput {
   Sample x;
   std::optional<Texts> dates;  // or other labels, one for each value
   Real M, S;                   // assigned mean and SD
+
+  Range Limits(int sds) const { return {M - sds * S, M + sds * S}; }
+  bool Rejects(Real value) const { return value < Limits(3).min || value > Limits(3).max; }
 };
 
 bool IsMissing(Real value) { return value < 0; }
@@ -104,13 +107,8 @@ ControlChartInput ReadControlChart(Run& run) {
 // --- Computation
 
 struct ControlChartResult {
-  int nv = 0;       // valid values
-  Range warning{};  // limits
-  Range rejection{};
-  Real mean{}, SD{};  // observed
-  std::optional<Real> CV{};
-
-  bool Rejects(Real value) const { return value < rejection.min || value > rejection.max; }
+  int nv;         // valid values
+  Real mean, SD;  // observed
 };
 
 ControlChartResult ComputeControlChart(Messages& messages, const ControlChartInput& input) {
@@ -118,15 +116,7 @@ ControlChartResult ComputeControlChart(Messages& messages, const ControlChartInp
   std::erase_if(valid, IsMissing);
   if (valid.size() < 2) Refuse(messages, kFewerThanTwo);
   const Description observed = DescribeSample(messages, valid);
-  const auto limits = [&](int sds) {
-    return Range{input.M - sds * input.S, input.M + sds * input.S};
-  };
-  return {.nv = static_cast<int>(valid.size()),
-          .warning = limits(2),
-          .rejection = limits(3),
-          .mean = observed.mean,
-          .SD = observed.sd,
-          .CV = PercentOf(observed.sd, Abs(observed.mean))};
+  return {.nv = static_cast<int>(valid.size()), .mean = observed.mean, .SD = observed.sd};
 }
 
 // --- Report
@@ -158,15 +148,14 @@ constexpr Quantity kQuantities[] = {kColumn,
 constexpr NamedTable kValues{"values", "The values in their order, rejected ones in bold"};
 constexpr NamedTable kTables[] = {kValues};
 
-void WriteValues(ResultsSheet& sheet, const ControlChartInput& input,
-                 const ControlChartResult& result) {
+void WriteValues(ResultsSheet& sheet, const ControlChartInput& input) {
   if (input.dates) sheet.Put(17, 2, " Opt. Dates:");
   sheet.Put(17, 3, "  Values: ");
   const ResultsSheet::Listing listing(sheet, kValues);
   for (std::size_t i = 0; i < input.x.size(); ++i) {
     const int row = 18 + static_cast<int>(i);
     if (input.dates) sheet.Put(row, 2, (*input.dates)[i]);
-    if (!IsMissing(input.x[i]) && result.Rejects(input.x[i])) {
+    if (!IsMissing(input.x[i]) && input.Rejects(input.x[i])) {
       sheet.Put(row, 3, BoldNumber{input.x[i]});
     } else {
       sheet.Put(row, 3, input.x[i]);
@@ -187,17 +176,19 @@ void ReportControlChart(ResultsSheet& sheet, const ControlChartInput& input,
   sheet.Row(6, kCount(result.nv));
   sheet.Row(8, kAssignedMean(input.M));
   sheet.Row(9, kAssignedSD(input.S));
-  sheet.Row(10, kWarningLower(result.warning.min), kWarningUpper(result.warning.max));
-  sheet.Row(11, kRejectionLower(result.rejection.min), kRejectionUpper(result.rejection.max));
+  const Range warning = input.Limits(2);
+  sheet.Row(10, kWarningLower(warning.min), kWarningUpper(warning.max));
+  const Range rejection = input.Limits(3);
+  sheet.Row(11, kRejectionLower(rejection.min), kRejectionUpper(rejection.max));
   sheet.Row(13, "  Control data:  ");
   sheet.Row(14, kMean(result.mean));
   sheet.Row(15, kSD(result.SD));
-  if (result.CV) {
-    sheet.Row(16, kCV(*result.CV));
+  if (const auto CV = PercentOf(result.SD, Abs(result.mean))) {
+    sheet.Row(16, kCV(*CV));
   } else {
     sheet.Row(16, "  CV% n. d. ");
   }
-  WriteValues(sheet, input, result);
+  WriteValues(sheet, input);
 }
 
 // --- Plots
