@@ -44,6 +44,18 @@ inline constexpr std::string_view kFewerThanTwo = " Sample size < 2: No analysis
 
 void RefuseWithoutDispersion(const Run& run, std::span<const Real> values);
 
+// --- Rows of the sheets
+
+namespace quantity {
+using namespace quorval::quantity;
+// Pooled over groups of replicates, such as runs, samples or levels.
+inline constexpr Quantity kSDWithin{.name = "sd.within", .caption = {}, .unit = Unit::kMeasurand};
+inline constexpr Quantity kLevels{.name = "levels", .caption = {}, .width = Width::kWhole};
+}  // namespace quantity
+
+inline constexpr NamedTable kOutlierList{"outlier_list", "The outliers"};
+inline constexpr NamedTable kOutlierColumns{"outlier_columns", "The columns that hold outliers"};
+
 // --- Percentages
 
 // 100 part / whole; none of a whole of 0.
