@@ -2,8 +2,7 @@
 
 namespace quorval {
 
-HistogramClasses ChooseClasses(const Form& form, const Field& choice, const Field& count,
-                               const Description& values, Real N) {
+HistogramClasses ClassOptions::Of(const Description& values, Real N) const {
   if (form.Is(choice, "default")) return DefaultClasses(values, N);
   if (form.Blank(count)) {
     form.Note(count, ", so the default number of classes was drawn");

@@ -19,9 +19,21 @@ constexpr Field ClassCountField(std::string_view key, const Field& choice) {
   return {.key = key, .group = choice.group, .beside = {choice.key, "user"}};
 }
 
-// The classes of the number that the user specified; by default while the choice is "default" or
-// the number is empty.  A Fault of a word.
-HistogramClasses ChooseClasses(const Form& form, const Field& choice, const Field& count,
-                               const Description& values, Real N);
+// Such fields as a form holds them, read when a histogram is drawn: a word in them fails the
+// drawing alone.
+struct ClassOptions {
+  const Form& form;
+  const Field &choice, &count;
+
+  // The classes of the number that the user specified; by default while the choice is "default" or
+  // the number is empty.  A Fault of a word.
+  HistogramClasses Of(const Description& values, Real N) const;
+};
+
+// The same at once.
+inline HistogramClasses ChooseClasses(const Form& form, const Field& choice, const Field& count,
+                                      const Description& values, Real N) {
+  return ClassOptions{form, choice, count}.Of(values, N);
+}
 
 }  // namespace quorval

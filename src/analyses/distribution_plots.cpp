@@ -17,9 +17,9 @@ void AddBars(Plot& plot, const HistogramClasses& classes, std::span<const Real> 
   plot.Add(Bars(classes, CountInClasses(classes, {values.begin(), values.end()}), divisor));
 }
 
-void AddCumulative(Run& run, Plot& plot, std::span<const Real> sorted) {
+void AddCumulative(Messages& messages, Plot& plot, std::span<const Real> sorted) {
   plot.AddPoints(CumulativeFrequencies(sorted));
-  plot.AddLine(CumulativeCurve(run.messages, DescribeSample(run.messages, sorted)));
+  plot.AddLine(CumulativeCurve(messages, DescribeSample(messages, sorted)));
 }
 
 }  // namespace quorval

@@ -27,6 +27,6 @@ void AddBars(Plot& plot, const HistogramClasses& classes, std::span<const Real> 
              Real divisor);
 
 // The cumulative frequencies and the Gaussian curve.
-void AddCumulative(Run& run, Plot& plot, std::span<const Real> sorted);
+void AddCumulative(Messages& messages, Plot& plot, std::span<const Real> sorted);
 
 }  // namespace quorval

@@ -5,6 +5,7 @@ namespace quorval {
 void ListOutliers(ResultsSheet& sheet, int row, const OutlierMarks& outliers,
                   std::span<const Real> values) {
   constexpr int kMostListed = 5;
+  const ResultsSheet::Listing listing(sheet, kOutlierValues);
   int listed = 0;
   for (std::size_t i = 0; i < values.size() && listed < kMostListed; ++i)
     if (outliers.flags[i]) sheet.Row(row + listed++, values[i]);

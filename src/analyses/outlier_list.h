@@ -7,6 +7,8 @@
 
 namespace quorval {
 
+inline constexpr NamedTable kOutlierValues{"outlier_values", "The first five outliers"};
+
 // The first five of the marked values in column 1, from this row down, and a line where there are
 // more.
 void ListOutliers(ResultsSheet& sheet, int row, const OutlierMarks& outliers,

@@ -7,6 +7,13 @@
 namespace quorval::quantity {
 
 inline constexpr Quantity kCount{.name = "n", .caption = {}, .width = Width::kWhole};
+inline constexpr Quantity kMin{"min", "  Minimum: ", Unit::kMeasurand};
+inline constexpr Quantity kMax{"max", "  Maximum: ", Unit::kMeasurand};
+inline constexpr Quantity kMedian{"median", "  Median: ", Unit::kMeasurand};
+inline constexpr Quantity kMean{"mean", "  Mean: ", Unit::kMeasurand};
+inline constexpr Quantity kMeanSe{"mean.se", "  SEM: ", Unit::kMeasurand};
+inline constexpr Quantity kSd{"sd", "  SD: ", Unit::kMeasurand};
+inline constexpr Quantity kCv{.name = "cv", .caption = {}, .unit = Unit::kPercent};
 inline constexpr Quantity kOutliers{
     .name = "outliers", .caption = "  Number of outliers identified", .width = Width::kWhole};
 inline constexpr Quantity kOutlierLimit{
@@ -15,11 +22,7 @@ inline constexpr Quantity kOutlierLimit{
 // One column, or adjacent ones.
 inline constexpr Quantity kColumn{.name = "column", .caption = {}, .width = Width::kWhole};
 inline constexpr Quantity kFirstColumn{
-    .name = "column.first", .caption = {}, .width = Width::kWhole};
-inline constexpr Quantity kLastColumn{.name = "column.last", .caption = {}, .width = Width::kWhole};
-
-inline constexpr Quantity kMean{.name = "mean", .caption = {}, .unit = Unit::kMeasurand};
-inline constexpr Quantity kSD{.name = "sd", .caption = {}, .unit = Unit::kMeasurand};
-inline constexpr Quantity kCV{.name = "cv", .caption = {}, .unit = Unit::kPercent};
+    .name = "first.column", .caption = {}, .width = Width::kWhole};
+inline constexpr Quantity kLastColumn{.name = "last.column", .caption = {}, .width = Width::kWhole};
 
 }  // namespace quorval::quantity

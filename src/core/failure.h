@@ -23,7 +23,7 @@ struct Refusal {};
   throw Refusal{};
 }
 
-// Ends a routine with these words.
+// Ends a routine in words of its own.
 [[noreturn]] inline void Fail(Messages& messages, std::string_view words) {
   messages.Tell(words);
   throw Failure{};

@@ -32,8 +32,8 @@ void ResultsSheet::Give(int row, int column, const Quantity& quantity, Real valu
   quantities_.push_back({quantity, Raw(value), row, column});
 }
 
-void ResultsSheet::Give(int row, int column, const Quantity& quantity, std::string_view number) {
-  Give(row, column, quantity, ToNumber(number));
+void ResultsSheet::Give(int row, int column, const Quantity& quantity, std::string_view text) {
+  if (IsNumber(text)) Give(row, column, quantity, ToNumber(text));
 }
 
 void ResultsSheet::List(int row, int column) {

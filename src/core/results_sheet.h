@@ -124,7 +124,8 @@ class ResultsSheet {
   void Give(int row, int column, const Quantity& quantity, BoldNumber value) {
     Give(row, column, quantity, value.number);
   }
-  void Give(int row, int column, const Quantity& quantity, std::string_view number);
+  // A number as text; other texts, such as "< 0.05", are none.
+  void Give(int row, int column, const Quantity& quantity, std::string_view text);
   void List(int row, int column);
 
   const Context* context_;

@@ -35,7 +35,8 @@ void Allowance::Refuse() const {
 }
 
 Budget::Budget(std::uint64_t file_size)
-    : unpacked(Grown(limits::kUnpacked, file_size, limits::kMostUnpacked),
+    : packed(file_size, " bytes in its parts, which is all it has"),
+      unpacked(Grown(limits::kUnpacked, file_size, limits::kMostUnpacked),
                " bytes once it is unpacked, too many for its size"),
       text(Grown(limits::kText, file_size, limits::kMostText),
            " bytes of text in its cells, too many for its size") {}

@@ -70,6 +70,7 @@ struct Budget {
   // Throws a FileError where there is no such file, or it is a folder, a pipe or a device.
   explicit Budget(const std::filesystem::path& path);
 
+  Allowance packed;  // bytes of the parts that are read; they do not lie over one another
   Allowance unpacked;
   Allowance parts{limits::kParts, " parts and sheets"};
   Allowance elements{limits::kElements, " elements of XML"};

@@ -1,5 +1,9 @@
 #include "formats/zip_reader.h"
 
+#include <libdeflate.h>
+
+#include <new>
+
 #include "formats/file_error.h"
 
 namespace quorval {
@@ -17,6 +21,23 @@ zip_t* Open(const std::filesystem::path& path) {
   return archive;
 }
 
+// None where it is not the packed form of so many bytes.
+std::optional<std::string> Inflated(std::string_view packed, std::size_t size) {
+  constexpr std::size_t kRoomForParser = 64;  // so that xml::Parse() need not copy
+  struct Free {
+    void operator()(libdeflate_decompressor* it) const { libdeflate_free_decompressor(it); }
+  };
+  const std::unique_ptr<libdeflate_decompressor, Free> inflater(libdeflate_alloc_decompressor());
+  if (!inflater) throw std::bad_alloc();
+  std::string bytes;
+  bytes.reserve(size + kRoomForParser);
+  bytes.resize(size);
+  if (libdeflate_deflate_decompress(inflater.get(), packed.data(), packed.size(), bytes.data(),
+                                    size, nullptr) != LIBDEFLATE_SUCCESS)
+    return std::nullopt;
+  return bytes;
+}
+
 }  // namespace
 
 ZipReader::ZipReader(const std::filesystem::path& path, Budget& budget)
@@ -29,28 +50,33 @@ bool ZipReader::Has(std::string_view part) const {
 }
 
 std::optional<std::string> ZipReader::Read(std::string_view part) const {
-  constexpr std::size_t kRoomForParser = 64;  // so that xml::Parse() need not copy
   zip_stat_t about;
   if (zip_stat(archive_.get(), std::string(part).c_str(), 0, &about) != 0) return std::nullopt;
-  constexpr zip_uint64_t kNeeded =
-      ZIP_STAT_INDEX | ZIP_STAT_SIZE | ZIP_STAT_COMP_METHOD | ZIP_STAT_ENCRYPTION_METHOD;
+  constexpr zip_uint64_t kNeeded = ZIP_STAT_INDEX | ZIP_STAT_SIZE | ZIP_STAT_COMP_SIZE |
+                                   ZIP_STAT_CRC | ZIP_STAT_COMP_METHOD | ZIP_STAT_ENCRYPTION_METHOD;
   if ((about.valid & kNeeded) != kNeeded) Damaged(part);
   if (about.encryption_method != ZIP_EM_NONE)
     throw FileError("the workbook is protected by a password");
   if (about.comp_method != ZIP_CM_STORE && about.comp_method != ZIP_CM_DEFLATE)
     throw FileError("the workbook is packed in a way that workbooks are not");
+  budget_.packed.Take(about.comp_size);
   budget_.unpacked.Take(about.size);
-  const std::unique_ptr<zip_file_t, Close> file(zip_fopen_index(archive_.get(), about.index, 0));
-  if (!file) Damaged(part);
-  std::string bytes;
-  bytes.reserve(about.size + kRoomForParser);
-  bytes.resize(about.size);
-  // The library compares length and check sum where it meets the end, which is behind the last
-  // byte.
-  char more = 0;
-  if (zip_fread(file.get(), bytes.data(), about.size) != static_cast<zip_int64_t>(about.size) ||
-      zip_fread(file.get(), &more, 1) != 0)
+  std::optional<std::string> bytes = Packed(about);
+  if (bytes && about.comp_method == ZIP_CM_DEFLATE) bytes = Inflated(*bytes, about.size);
+  if (!bytes || bytes->size() != about.size ||
+      libdeflate_crc32(0, bytes->data(), bytes->size()) != about.crc)
     Damaged(part);
+  return bytes;
+}
+
+// The part's bytes as they stand in the file; none where it breaks off before.
+std::optional<std::string> ZipReader::Packed(const zip_stat_t& about) const {
+  const std::unique_ptr<zip_file_t, Close> part(
+      zip_fopen_index(archive_.get(), about.index, ZIP_FL_COMPRESSED));
+  if (!part) return std::nullopt;
+  std::string bytes(about.comp_size, '\0');
+  const zip_int64_t read = zip_fread(part.get(), bytes.data(), bytes.size());
+  if (read != static_cast<zip_int64_t>(bytes.size())) return std::nullopt;
   return bytes;
 }
 

@@ -28,6 +28,7 @@ class ZipReader {
     void operator()(zip_t* archive) const { zip_discard(archive); }
     void operator()(zip_file_t* part) const { zip_fclose(part); }
   };
+  std::optional<std::string> Packed(const zip_stat_t& about) const;
 
   Budget& budget_;
   std::unique_ptr<zip_t, Close> archive_;

@@ -10,6 +10,7 @@ multiplies the seconds, on a machine that is slow or busy.
 """
 
 import os
+import random
 import resource
 import sqlite3
 import struct
@@ -43,8 +44,25 @@ def repeated(text, least, head="", tail=""):
     return head.encode(), block.encode(), -(-least // len(block)), tail.encode()
 
 
-def archive(parts, method=8, flags=0, change=lambda entry: entry, entries=0):
-    """Parts are texts or what repeated() gives; `change` spoils a part's (data, crc, size)."""
+def empty_blocks(least):
+    """So many bytes, at least, of deflate blocks that hold nothing but the codes of two symbols."""
+    coded = (18, 1)  # the symbols of the code lengths' own code: a run of zeros, a length of one
+    order = (16, 17, 18, 0, 8, 7, 9, 6, 10, 5, 11, 4, 12, 3, 13, 2, 14, 1)
+    fields = [(0, 1), (2, 2), (0, 5), (0, 5), (len(order) - 4, 4)]
+    fields += [(int(symbol in coded), 3) for symbol in order]
+    fields += [(1, 1), (138 - 11, 7), (1, 1), (117 - 11, 7), (0, 1), (0, 1), (0, 1)]  # 255 zeros, three ones
+    fields += [(1, 1)]  # the end of the block
+    block, bits = 0, 0
+    for value, width in fields:
+        block |= value << bits
+        bits += width
+    eight = sum(block << i * bits for i in range(8)).to_bytes(bits, "little")
+    return eight * -(-least // len(eight))
+
+
+def archive(parts, method=8, flags=0, change=lambda entry: entry, entries=0, overlaid=False):
+    """Parts are texts or what repeated() gives; `change` spoils a part's (data, crc, size).  Overlaid, all
+    parts are the first one."""
     body, directory, place = [], [], 0
     named = list(parts.items()) + [(f"empty/{i}", "") for i in range(entries)]
     for name, part in named:
@@ -54,9 +72,9 @@ def archive(parts, method=8, flags=0, change=lambda entry: entry, entries=0):
         fields = struct.pack("<HHHHHIIIHH", 20, flags, method, 0, 0x21, crc, len(data), size, len(name), 0)
         directory += [struct.pack("<IH", 0x02014B50, 20), fields, struct.pack("<HHHII", 0, 0, 0, 0, place),
                       name.encode()]
-        body += [struct.pack("<I", 0x04034B50), fields, name.encode(), data]
-        place += 30 + len(name) + len(data)
-    count, body, directory = len(named), b"".join(body), b"".join(directory)
+        body.append(struct.pack("<I", 0x04034B50) + fields + name.encode() + data)
+        place += 0 if overlaid else 30 + len(name) + len(data)
+    count, body, directory = len(named), b"".join(body[:1] if overlaid else body), b"".join(directory)
     return body + directory + struct.pack("<IHHHHIIH", 0x06054B50, 0, 0, count, count, len(directory), len(body), 0)
 
 
@@ -231,6 +249,12 @@ FILES = {
                    "packed in a way"),
     "encrypted.xlsx": (lambda: xlsx(flags=1), "password"),
     "cut_off.xlsx": (lambda: cut_in_two(xlsx()), "no workbook"),
+    "empty_blocks.xlsx": (lambda: xlsx(change=lambda entry: (empty_blocks(9_900_000) + entry[0], 1, entry[2])),
+                          "check sum"),
+    "parts_over_one_another.xlsx": (lambda: archive(dict.fromkeys(
+        ("xl/workbook.xml", "xl/_rels/workbook.xml.rels", SHEET),
+        f"<w><!--{random.Random(1).randbytes(2000).hex()}--><sheet name='S' r:id='r1'/>"
+        "<Relationship Id='r1' Target='worksheets/sheet1.xml'/></w>"), overlaid=True), "all it has"),
     # Places and numbers
     "row_overflow.xlsx": (lambda: xlsx("<row r='2147483647'/><row><c><v>1</v></c></row>"), "damaged"),
     "row_of_words.xlsx": (lambda: xlsx("<row r='two'><c><v>1</v></c></row>"), "damaged"),

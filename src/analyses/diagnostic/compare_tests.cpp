@@ -2,12 +2,11 @@
 // made on the same individuals, the difference gets a standard error that allows for the pairing.
 #include <optional>
 
+#include "analyses/colours.h"
 #include "analyses/diagnostic/binormal.h"
 #include "analyses/diagnostic/diagnostic.h"
-#include "analyses/diagnostic/plots.h"
 #include "analyses/diagnostic/roc_area.h"
 #include "analyses/registry.h"
-#include "core/failure.h"
 #include "stats/percentile.h"
 #include "stats/significance.h"
 
@@ -52,13 +51,14 @@ constexpr Dialog frmDiaCompOptions{
 };
 static_assert(WellFormed(frmDiaCompOptions));
 
-// --- Intake
+// --- Input
 
-struct TwoTests {
-  TwoGroups test1, test2;  // in the order of the worksheet, which pairs them
+struct ComparisonInput {
+  DiagnosticGroups test1, test2;  // in the order of the worksheet, which pairs them
+  bool with_se;
 };
 
-TwoGroups TakeGroups(Run& run, const Field& first_column, const Field& second_column) {
+DiagnosticGroups TakeTest(Run& run, const Field& first_column, const Field& second_column) {
   const Column first = ReadColumn(run, first_column);
   Sample first_sample = first.Numbers32(run.notices);
   const Column second = ReadColumn(run, second_column);
@@ -70,101 +70,157 @@ TwoGroups TakeGroups(Run& run, const Field& first_column, const Field& second_co
           .SecondSample = second.Numbers32(run.notices)};
 }
 
-TwoTests TakeTests(Run& run) {
-  TwoGroups test1 = TakeGroups(run, Text10, Text11);
-  TwoGroups test2 = TakeGroups(run, Text12, Text13);
-  for (const TwoGroups& test : {test1, test2})
+ComparisonInput ReadTests(Run& run) {
+  ComparisonInput input{.test1 = TakeTest(run, Text10, Text11),
+                        .test2 = TakeTest(run, Text12, Text13),
+                        .with_se = run.form.On(kDifferenceSE)};
+  for (const DiagnosticGroups& test : {input.test1, input.test2})
     if (TooSmall(test.FirstSample) || TooSmall(test.SecondSample))
       run.Refuse(" N in group(s) < 10: No diagnostic test comparison ");
-  return {std::move(test1), std::move(test2)};
+  return input;
 }
 
-// --- The difference
+// --- Computation
 
-CutOffSweep SweepOf(const TwoGroups& groups) {
-  return SweepCutOffs(SortAscending(groups.FirstSample), SortAscending(groups.SecondSample));
-}
-
-struct DifferenceSE {
+struct DifferenceError {
   Real se;
   Range limits;
 };
 
-DifferenceSE EstimateSE(Run& run, const TwoTests& tests, Real D) {
-  const TwoGroups& test1 = tests.test1;
-  const TwoGroups& test2 = tests.test2;
+struct ComparisonResult {
+  CutOffSweep sweep1, sweep2;
+  Real area1{}, area2{};
+  Real D{};  // area2 - area1
+  std::optional<DifferenceError> error{};
+};
+
+constexpr std::string_view kRoutine = "Error ROC-Curve comparison routine";
+
+CutOffSweep SweepOf(const DiagnosticGroups& groups) {
+  return SweepCutOffs(SortAscending(groups.FirstSample), SortAscending(groups.SecondSample));
+}
+
+DifferenceError EstimateError(Messages& messages, Notices& notices, const ComparisonInput& input,
+                              Real D) {
+  const auto& [test1, test2, with_se] = input;
   if (test1.N1() != test2.N1() || test1.N2() != test2.N2()) {
-    NoteLengths(run.notices, {{test1.FirstCol, test1.FirstSample.size()},
-                              {test2.FirstCol, test2.FirstSample.size()}});
-    NoteLengths(run.notices, {{test1.SecondCol, test1.SecondSample.size()},
-                              {test2.SecondCol, test2.SecondSample.size()}});
-    run.messages.Tell(
+    NoteLengths(notices, {{test1.FirstCol, test1.FirstSample.size()},
+                          {test2.FirstCol, test2.FirstSample.size()}});
+    NoteLengths(notices, {{test1.SecondCol, test1.SecondSample.size()},
+                          {test2.SecondCol, test2.SecondSample.size()}});
+    messages.Tell(
         "Paired ROC-Curve comparison can not be performed because of unequal sample sizes");
     throw Failure{};
   }
-  const Real se = Insist(run.messages, "Error in SEarea ROC-Curve computation routine", [&] {
-    return SEOfAreaDifference(run.messages, {test1.FirstSample, test1.SecondSample},
+  const Real se = Insist(messages, "Error in SEarea ROC-Curve computation routine", [&] {
+    return SEOfAreaDifference(messages, {test1.FirstSample, test1.SecondSample},
                               {test2.FirstSample, test2.SecondSample});
   });
   const Real t = CriticalT05(test1.N1() + test1.N2() - 2);
   return {se, LimitsWithin({-1, 1}, D, t * se)};
 }
 
-// --- The sheet
-
-// Three rows from `first_row` on and three from `second_row` on.
-void WriteTest(ResultsSheet& sheet, const TwoGroups& test, int first_row, int second_row) {
-  sheet.Row(first_row, "  First sample (Healthy group):   Col: ", test.FirstCol);
-  sheet.Row(first_row + 1, "  Number of observations for healthy group: ", test.N1());
-  sheet.Row(first_row + 2, "  Variable name for healthy group:", NameOr(" ", test.FirstName));
-  sheet.Row(second_row, "  Second sample (Diseased group): Col: ", test.SecondCol);
-  sheet.Row(second_row + 1, "  Variable name for diseased group:", NameOr(" ", test.SecondName));
-  sheet.Row(second_row + 2, "  Number of observations for second group: ", test.N2());
+ComparisonResult CompareTests(Messages& messages, Notices& notices, const ComparisonInput& input) {
+  ComparisonResult result{.sweep1 = SweepOf(input.test1), .sweep2 = SweepOf(input.test2)};
+  Insist(messages, kRoutine, [&] {
+    result.area1 = AreaUnder(result.sweep1);
+    result.area2 = AreaUnder(result.sweep2);
+    result.D = result.area2 - result.area1;
+    if (input.with_se) result.error = EstimateError(messages, notices, input, result.D);
+  });
+  return result;
 }
 
-struct Areas {
-  Real area1, area2;
+// --- Report
 
-  Real D() const { return area2 - area1; }
+struct TestRows {
+  Quantity first_column, first_count, second_column, second_count, area;
+};
+constexpr std::string_view kFirstColumnCaption = "  First sample (Healthy group):   Col: ";
+constexpr std::string_view kFirstCountCaption = "  Number of observations for healthy group: ";
+constexpr std::string_view kSecondColumnCaption = "  Second sample (Diseased group): Col: ";
+constexpr TestRows kTest1{
+    {"test1.first.column", kFirstColumnCaption, Unit::kNone, Width::kWhole},
+    {"test1.first.n", kFirstCountCaption, Unit::kNone, Width::kWhole},
+    {"test1.second.column", kSecondColumnCaption, Unit::kNone, Width::kWhole},
+    {"test1.second.n", kSecondCount.caption, Unit::kNone, Width::kWhole},
+    {"test1.area", "  Area under ROC-Curve for test 1:  "},
+};
+constexpr TestRows kTest2{
+    {"test2.first.column", kFirstColumnCaption, Unit::kNone, Width::kWhole},
+    {"test2.first.n", kFirstCountCaption, Unit::kNone, Width::kWhole},
+    {"test2.second.column", kSecondColumnCaption, Unit::kNone, Width::kWhole},
+    {"test2.second.n", kSecondCount.caption, Unit::kNone, Width::kWhole},
+    {"test2.area", "  Area under ROC-Curve for test 2:  "},
+};
+constexpr Quantity kDifference{"area_difference", " Area Difference (Test2-Test1): "};
+constexpr Quantity kDifferenceSe{"area_difference.se", "  SE of Area difference:  "};
+constexpr Quantity kDifferenceLower{"area_difference.lower", "  95%-Confidence limits: "};
+constexpr Quantity kDifferenceUpper{"area_difference.upper", "  95%-Confidence limits: "};
+constexpr Quantity kQuantities[] = {
+    kTest1.first_column, kTest1.first_count, kTest1.second_column, kTest1.second_count, kTest1.area,
+    kTest2.first_column, kTest2.first_count, kTest2.second_column, kTest2.second_count, kTest2.area,
+    kDifference,         kDifferenceSe,      kDifferenceLower,     kDifferenceUpper,
 };
 
-void WriteSheet(Run& run, const TwoTests& tests, const Areas& areas,
-                const std::optional<DifferenceSE>& difference) {
-  ResultsSheet& sheet = run.sheet;
-  sheet.Clear();
-  sheet.Row(2, Bold{"  ROC-Curve results for two diagnostic tests"});
-  sheet.Row(3, "  Project:", run.context.ProjectName);
-  sheet.Row(4, "  Analyst: ", Blank{}, "  Date: ");
-  sheet.Row(5, Bold{"  Diagnostic test 1 (blue curve): "});
-  WriteTest(sheet, tests.test1, 6, 10);
-  sheet.Row(14, "  Area under ROC-Curve for test 1:  ", areas.area1);
-  sheet.Row(16, Bold{"  Diagnostic test 2 (Red curve): "});
-  WriteTest(sheet, tests.test2, 17, 20);
-  sheet.Row(23, "  Area under ROC-Curve for test 2:  ", areas.area2);
-  sheet.Row(24, " Area Difference (Test2-Test1): ", areas.D());
-  if (difference) {
-    sheet.Row(25, "  SE of Area difference:  ", difference->se);
-    sheet.Row(26, "  95%-Confidence limits: ", difference->limits.min, difference->limits.max);
-  }
+// Three rows from `first_row` on and three from `second_row` on.
+void WriteTest(ResultsSheet& sheet, const TestRows& rows, const DiagnosticGroups& test,
+               int first_row, int second_row) {
+  sheet.Row(first_row, rows.first_column(test.FirstCol));
+  sheet.Row(first_row + 1, rows.first_count(test.N1()));
+  sheet.Row(first_row + 2, "  Variable name for healthy group:", NameOr(" ", test.FirstName));
+  sheet.Row(second_row, rows.second_column(test.SecondCol));
+  sheet.Row(second_row + 1, "  Variable name for diseased group:", NameOr(" ", test.SecondName));
+  sheet.Row(second_row + 2, rows.second_count(test.N2()));
 }
 
-// --- The run
-
-void RunComparison(Run& run) {
-  const TwoTests tests = TakeTests(run);
-  const CutOffSweep sweep1 = SweepOf(tests.test1);
-  const CutOffSweep sweep2 = SweepOf(tests.test2);
-  Insist(run.messages, "Error ROC-Curve comparison routine", [&] {
-    const Areas areas{AreaUnder(sweep1), AreaUnder(sweep2)};
-    std::optional<DifferenceSE> difference;
-    if (run.form.On(kDifferenceSE)) difference = EstimateSE(run, tests, areas.D());
-    WriteSheet(run, tests, areas, difference);
+void ReportComparison(Messages& messages, ResultsSheet& sheet, const ComparisonInput& input,
+                      const ComparisonResult& result) {
+  Insist(messages, kRoutine, [&] {
+    sheet.Row(2, Bold{"  ROC-Curve results for two diagnostic tests"});
+    sheet.Row(3, "  Project:", sheet.ProjectName());
+    sheet.Row(4, "  Analyst: ", Blank{}, "  Date: ");
+    sheet.Row(5, Bold{"  Diagnostic test 1 (blue curve): "});
+    WriteTest(sheet, kTest1, input.test1, 6, 10);
+    sheet.Row(14, kTest1.area(result.area1));
+    sheet.Row(16, Bold{"  Diagnostic test 2 (Red curve): "});
+    WriteTest(sheet, kTest2, input.test2, 17, 20);
+    sheet.Row(23, kTest2.area(result.area2));
+    sheet.Row(24, kDifference(result.D));
+    if (!result.error) return;
+    const auto& [se, limits] = *result.error;
+    sheet.Row(25, kDifferenceSe(se));
+    sheet.Row(26, kDifferenceLower(limits.min), kDifferenceUpper(limits.max));
   });
-  DrawRocCurves(run, sweep1, sweep2);
 }
 
-constexpr Procedure frmDiaCompResults[] = {ResultsWindow(
-    "frmDiaCompResults", "Quorval      Comparison of Diagnostic tests", RunComparison)};
+// --- Plots
+
+constexpr PlotWindow kPlots[] = {RocPlot("Comparison of ROC-curves")};
+constexpr PlotJob kPlotJobs[] = {{.pictures = kPlots}};
+
+void DrawCurves(Messages& messages, Plots& plots, const ComparisonInput&,
+                const ComparisonResult& result) {
+  Insist(messages, "Error in plot of Roc-curve comparison routine", [&] {
+    Plot& plot = AddRocPlot(plots, kPlots[0]);
+    plot.label = "Blue: test 1, red: test 2";
+    plot.AddLine(RocCurveOf(result.sweep1)).colour = kBlue;
+    plot.AddLine(RocCurveOf(result.sweep2)).colour = kRed;
+  });
+}
+
+// --- The analysis
+
+constexpr Procedure frmDiaCompResults[] = {{
+    .window = "frmDiaCompResults",
+    .title = "Quorval      Comparison of Diagnostic tests",
+    .menu = kFileMenu,
+    .print_header = kPrintHeader,
+    .plot_jobs = kPlotJobs,
+    .plot_windows = kPlots,
+    .failure = kFailure,
+    .run = Steps<ReadTests, CompareTests, ReportComparison, DrawCurves>,
+}};
 
 }  // namespace
 
@@ -172,6 +228,7 @@ constinit const Analysis kCompareTests{
     .id = "compare-tests",
     .dialog = &frmDiaCompOptions,
     .procedures = frmDiaCompResults,
+    .quantities = kQuantities,
     .manual = "compare-tests.md",
 };
 

@@ -1,9 +1,11 @@
 #include "analyses/diagnostic/cut_off.h"
 
 #include <algorithm>
+#include <limits>
 
+#include "analyses/class_options.h"
+#include "analyses/colours.h"
 #include "analyses/diagnostic/cut_off_sweep.h"
-#include "analyses/diagnostic/plots.h"
 #include "core/failure.h"
 #include "stats/percentile.h"
 #include "stats/significance.h"
@@ -11,15 +13,54 @@
 namespace quorval::diagnostic {
 namespace {
 
-// --- Choice of the cut-off
+constexpr std::string_view kRoutine = "Error in Specificity/Sensitivity routine";
 
-Single UserCutOff(Run& run, const TwoGroups&) { return run.form.WholeNumber32(kCutOffValue); }
+// --- Input
 
-Single PercentileCutOff(Run& run, const TwoGroups& groups) {
-  const Real p = run.form.WholeNumber32(kCutOffPercentile);
+enum class CutOffBy { kValue, kPercentile, kMaxSum, kMaxCorrect };
+
+struct CutOffInput {
+  DiagnosticGroups groups;
+  CutOffBy by;
+  Single given{};  // the value, or the percentile of the first sample
+  ClassOptions classes;
+};
+
+CutOffInput ReadCutOff(Run& run) {
+  CutOffInput input{.groups = TakeGroups(run),
+                    .by = CutOffBy::kMaxCorrect,
+                    .classes = {run.form, kClasses, kClassCount}};
+  const auto take = [&](const Field& field) {
+    input.given = Insist(run.messages, kRoutine, [&] { return run.form.WholeNumber32(field); });
+  };
+  if (run.form.Is(kCutOffBy, "value")) {
+    input.by = CutOffBy::kValue;
+    take(kCutOffValue);
+  } else if (run.form.Is(kCutOffBy, "percentile")) {
+    input.by = CutOffBy::kPercentile;
+    take(kCutOffPercentile);
+  } else if (run.form.Is(kCutOffBy, "max-sum")) {
+    input.by = CutOffBy::kMaxSum;
+  }
+  return input;
+}
+
+// --- Computation
+
+struct Proportion {
+  Real p, se;
+  Range limits;
+};
+
+struct CutOffResult {
+  Single CutOff;
+  Proportion specificity, sensitivity;
+};
+
+Single PercentileCutOff(Messages& messages, const DiagnosticGroups& groups, Real p) {
   const Real t = p / 100 * groups.N1() + 0.5;
   if (t < 1 || t > groups.N1()) {
-    run.messages.Tell(
+    messages.Tell(
         "Specified percentile as cut-off could not be computed because too extreme in relation to "
         "sample size");
     throw Failure{};
@@ -27,39 +68,23 @@ Single PercentileCutOff(Run& run, const TwoGroups& groups) {
   return Single(AtPosition(groups.FirstSample, t));
 }
 
-Single OptimalCutOff(Run& run, const TwoGroups& groups, std::string_view fault,
-                     Single (*best)(const CutOffSweep&)) {
-  return Insist(run.messages, fault,
-                [&] { return best(SweepCutOffs(groups.FirstSample, groups.SecondSample)); });
+Single ChooseCutOff(Messages& messages, const CutOffInput& input) {
+  const auto sweep = [&] {
+    return SweepCutOffs(input.groups.FirstSample, input.groups.SecondSample);
+  };
+  switch (input.by) {
+    case CutOffBy::kValue:
+      return input.given;
+    case CutOffBy::kPercentile:
+      return PercentileCutOff(messages, input.groups, input.given);
+    case CutOffBy::kMaxSum:
+      return Insist(messages, "Error in Cut-off sub", [&] { return CutOffOfMaxSum(sweep()); });
+    case CutOffBy::kMaxCorrect:
+      break;
+  }
+  return Insist(messages, "Error in Cut-off sub for max no of classifications",
+                [&] { return CutOffOfMaxCorrect(sweep()); });
 }
-
-Single MaxSumCutOff(Run& run, const TwoGroups& groups) {
-  return OptimalCutOff(run, groups, "Error in Cut-off sub", CutOffOfMaxSum);
-}
-
-Single MaxCorrectCutOff(Run& run, const TwoGroups& groups) {
-  return OptimalCutOff(run, groups, "Error in Cut-off sub for max no of classifications",
-                       CutOffOfMaxCorrect);
-}
-
-struct CutOffRule {
-  std::string_view word;
-  Single (*choose)(Run&, const TwoGroups&);
-  std::string_view CutOffLabel;
-};
-constexpr CutOffRule kRules[] = {
-    {"value", UserCutOff, "(User-selected cut-off)"},
-    {"percentile", PercentileCutOff, "(User-specified percentile as cut-off)"},
-    {"max-sum", MaxSumCutOff, "(Cut-off corresponding to max Spec+Sens)"},
-    {"max-correct", MaxCorrectCutOff, "(Cut-off corr. to max no classifications)"},
-};
-
-// --- What it classifies correctly
-
-struct Proportion {
-  Real p, se;
-  Range limits;
-};
 
 Proportion ProportionOf(std::ptrdiff_t correct, Real N) {
   Proportion proportion;
@@ -74,43 +99,96 @@ std::ptrdiff_t CountAtMost(const Sample& values, Real limit) {
   return std::ranges::count_if(values, [&](Real value) { return value <= limit; });
 }
 
-// --- The sheet
-
-void WriteProportion(ResultsSheet& sheet, int row, std::string_view label,
-                     const Proportion& proportion) {
-  sheet.Row(row, label, proportion.p, proportion.se);
-  sheet.Row(row + 1, "  95%-conf. limits: ", proportion.limits.min, proportion.limits.max);
+CutOffResult ComputeCutOff(Messages& messages, const CutOffInput& input) {
+  return Insist(messages, kRoutine, [&]() -> CutOffResult {
+    const DiagnosticGroups& groups = input.groups;
+    const int N2 = groups.N2();
+    const Single CutOff = ChooseCutOff(messages, input);
+    return {.CutOff = CutOff,
+            .specificity = ProportionOf(CountAtMost(groups.FirstSample, CutOff), groups.N1()),
+            .sensitivity = ProportionOf(N2 - CountAtMost(groups.SecondSample, CutOff), N2)};
+  });
 }
 
-void WriteSheet(Run& run, const TwoGroups& groups, Single CutOff, const CutOffRule& rule) {
-  const int N2 = groups.N2();
-  const Proportion specificity = ProportionOf(CountAtMost(groups.FirstSample, CutOff), groups.N1());
-  const Proportion sensitivity = ProportionOf(N2 - CountAtMost(groups.SecondSample, CutOff), N2);
-  ResultsSheet& sheet = run.sheet;
-  sheet.Clear();
-  sheet.Row(2, Bold{" Specificity and sensitivity of diagnostic test"});
-  sheet.Row(3, "  Project:", run.context.ProjectName);
-  sheet.Row(4, "  Analyst: ", Blank{}, "  Date: ");
-  sheet.Row(6, "  First sample (Non-diseased group, blue): Col: ", groups.FirstCol);
-  sheet.Row(9, "  Second sample (Diseased group, red): Col: ", groups.SecondCol);
-  WriteNamesAndSizes(sheet, groups, "  ");
-  sheet.Row(12, "  Cut-Off value(dotted line): ", Real(CutOff));
-  sheet.Row(13, rule.CutOffLabel);
-  WriteProportion(sheet, 14, "  Specificity with SE: ", specificity);
-  WriteProportion(sheet, 16, "  Sensitivity with SE: ", sensitivity);
+// --- Report
+
+std::string_view CutOffLabel(CutOffBy by) {
+  switch (by) {
+    case CutOffBy::kValue:
+      return "(User-selected cut-off)";
+    case CutOffBy::kPercentile:
+      return "(User-specified percentile as cut-off)";
+    case CutOffBy::kMaxSum:
+      return "(Cut-off corresponding to max Spec+Sens)";
+    case CutOffBy::kMaxCorrect:
+      break;
+  }
+  return "(Cut-off corr. to max no classifications)";
+}
+
+void WriteProportion(ResultsSheet& sheet, int row, const ProportionRows& rows,
+                     const Proportion& proportion) {
+  sheet.Row(row, rows.estimate(proportion.p), rows.se(proportion.se));
+  sheet.Row(row + 1, rows.lower(proportion.limits.min), rows.upper(proportion.limits.max));
+}
+
+void ReportCutOff(Messages& messages, ResultsSheet& sheet, const CutOffInput& input,
+                  const CutOffResult& result) {
+  Insist(messages, kRoutine, [&] {
+    sheet.Row(2, Bold{" Specificity and sensitivity of diagnostic test"});
+    sheet.Row(3, "  Project:", sheet.ProjectName());
+    sheet.Row(4, "  Analyst: ", Blank{}, "  Date: ");
+    sheet.Row(6, kFirstColumn(input.groups.FirstCol));
+    sheet.Row(9, kSecondColumn(input.groups.SecondCol));
+    WriteNamesAndSizes(sheet, input.groups, "  ");
+    sheet.Row(12, kCutOff(Real(result.CutOff)));
+    sheet.Row(13, CutOffLabel(input.by));
+    WriteProportion(sheet, 14, kSpecificity, result.specificity);
+    WriteProportion(sheet, 16, kSensitivity, result.sensitivity);
+  });
+}
+
+// --- Plots
+
+// Classes of a width that is given; the last may reach beyond the largest value.
+HistogramClasses ClassesOfWidth(Real h, const Range& range) {
+  const Real k = -Int(-(range.max - range.min) / h);
+  if (k > std::numeric_limits<std::int16_t>::max()) Raise(Fault::Kind::kOverflow);
+  return {range.min, h, std::max(static_cast<int>(Raw(k)), 1)};
+}
+
+Series FrequencyBars(const HistogramClasses& classes, const Sample& values, Colour colour) {
+  Series bars = Bars(classes, CountInClasses(classes, values), values.size());
+  bars.colour = colour;
+  return bars;
+}
+
+Real HighestOf(const Plot& plot) {
+  Real highest;
+  for (const Series& series : plot.series)
+    for (const Point& point : series.points) highest = std::max(highest, point.y);
+  return highest;
+}
+
+// Histograms of the relative frequencies of both groups in classes of the same width, and the
+// cut-off as a dotted line.
+void DrawGroups(Messages& messages, Plots& plots, const CutOffInput& input,
+                const CutOffResult& result) {
+  Insist(messages, "Error in plot Roc-curve routine", [&] {
+    const DiagnosticGroups& groups = input.groups;
+    Plot& plot = AddPlot(plots, kGroupsPlot[0]);
+    plot.label = "Blue: non-diseased, red: diseased, dotted: cut-off";
+    const Description first = DescribeSample(messages, groups.FirstSample);
+    const HistogramClasses classes = input.classes.Of(first, groups.N1());
+    plot.Add(FrequencyBars(classes, groups.FirstSample, kBlue));
+    plot.Add(FrequencyBars(ClassesOfWidth(classes.h, RangeOf(groups.SecondSample)),
+                           groups.SecondSample, kRed));
+    plot.AddLine({{result.CutOff, 0}, {result.CutOff, HighestOf(plot)}}, Pattern::kDotted);
+  });
 }
 
 }  // namespace
 
-void EvaluateCutOff(Run& run, const TwoGroups& groups) {
-  const Single CutOff = Insist(run.messages, "Error in Specificity/Sensitivity routine", [&] {
-    const CutOffRule& rule =
-        *std::ranges::find(kRules, run.form.Text(kCutOffBy), &CutOffRule::word);
-    const Single chosen = rule.choose(run, groups);
-    WriteSheet(run, groups, chosen, rule);
-    return chosen;
-  });
-  DrawGroups(run, groups, CutOff);
-}
+void EvaluateCutOff(Run& run) { Steps<ReadCutOff, ComputeCutOff, ReportCutOff, DrawGroups>(run); }
 
 }  // namespace quorval::diagnostic

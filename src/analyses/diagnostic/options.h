@@ -1,6 +1,7 @@
 // The options of the evaluation of one diagnostic test: one dialog for the cut-off and the curve.
 #pragma once
 
+#include "analyses/class_options.h"
 #include "analyses/diagnostic/diagnostic.h"
 
 namespace quorval::diagnostic {
@@ -64,5 +65,13 @@ inline constexpr Field kAreaSE{
     .enabled = {kByRoc}};
 
 extern const Dialog frmDiaOptions;
+
+inline constexpr Quantity kFirstColumn{
+    "first.column", "  First sample (Non-diseased group, blue): Col: ", Unit::kNone, Width::kWhole};
+inline constexpr Quantity kSecondColumn{
+    "second.column", "  Second sample (Diseased group, red): Col: ", Unit::kNone, Width::kWhole};
+
+// The two columns of the dialog, each in ascending order.
+DiagnosticGroups TakeGroups(Run& run);
 
 }  // namespace quorval::diagnostic

@@ -5,7 +5,13 @@
 
 namespace quorval::diagnostic {
 
-// Of groups that are sorted: the sheet, and the plot of the curve.
-void EvaluateRocCurve(Run& run, const TwoGroups& groups);
+// What stands on the sheet, and beside it.
+inline constexpr Quantity kArea{"area", "  Area under ROC-Curve:  "};
+inline constexpr Quantity kAreaSe{"area.se", "  SE of Area:  "};
+inline constexpr Quantity kAreaLower{"area.lower", "  0.95-Confidence limits: "};
+inline constexpr Quantity kAreaUpper{"area.upper", "  0.95-Confidence limits: "};
+inline constexpr PlotWindow kRocPlot[] = {RocPlot("ROC-curve")};
+
+void EvaluateRocCurve(Run& run);
 
 }  // namespace quorval::diagnostic

@@ -2,8 +2,8 @@
 
 namespace quorval::general {
 
-Plot& AddDotPlot(Run& run, std::string_view caption, int samples) {
-  Plot& plot = run.AddPlot(kDotPlotWindow, caption);
+Plot& AddDotPlot(Plots& plots, const PlotWindow& window, int samples) {
+  Plot& plot = AddPlot(plots, window);
   plot.x.min = 0;
   plot.x.max = samples + 1;
   plot.x.whole = true;

@@ -4,14 +4,20 @@
 #include <span>
 #include <string_view>
 
-#include "core/run.h"
+#include "core/plot.h"
 
 namespace quorval::general {
 
-inline constexpr std::string_view kDotPlotWindow = "frmDotplot";
+constexpr PlotWindow DotPlot(std::string_view caption, std::string_view x_title = {}) {
+  return {.window = "frmDotplot",
+          .caption = caption,
+          .x_title = x_title,
+          .bitmap = " Chart2D1.bmp",
+          .height = 350};
+}
 
 // The plot of so many samples, which have the places 1, 2, ...
-Plot& AddDotPlot(Run& run, std::string_view caption, int samples);
+Plot& AddDotPlot(Plots& plots, const PlotWindow& window, int samples);
 
 // The values at a place, in their order.
 Points DotsAt(Real place, std::span<const Real> values);

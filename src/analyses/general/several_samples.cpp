@@ -6,8 +6,8 @@
 #include "analyses/column_options.h"
 #include "analyses/general/dot_plot.h"
 #include "analyses/registry.h"
-#include "core/failure.h"
 #include "core/intake.h"
+#include "core/steps.h"
 #include "stats/primitives.h"
 
 namespace quorval::general {
@@ -47,7 +47,13 @@ constexpr Dialog frmGenSeveralOptions{
 };
 static_assert(WellFormed(frmGenSeveralOptions));
 
-// --- Intake
+// --- Input
+
+struct SeveralSamplesInput {
+  ColumnSpan columns;
+  std::vector<Sample> samples;
+  Single outlier_limit;  // in SDs
+};
 
 std::vector<Sample> ReadSamples(Run& run, const ColumnSpan& columns) {
   std::vector<Sample> samples;
@@ -66,7 +72,14 @@ bool AllEqual(std::span<const Sample> samples) {
   });
 }
 
-// --- Statistics
+SeveralSamplesInput ReadSeveralSamples(Run& run) {
+  const ColumnSpan columns = TakeColumns(run, kStartColumn, kLastColumn, kAllColumns);
+  std::vector<Sample> samples = ReadSamples(run, columns);
+  if (AllEqual(samples)) run.Refuse(" No dispersion in variables: No analysis ");
+  return {columns, std::move(samples), run.form.WholeNumber32(kOutlierLimit)};
+}
+
+// --- Computation
 
 struct Summary {
   int n;          // without the outliers
@@ -84,7 +97,21 @@ Summary Summarise(Messages& messages, Real limit, const Sample& values) {
   return {static_cast<int>(retained.size()), described.mean, described.sd, std::move(outliers)};
 }
 
-// --- The sheet
+std::vector<Summary> SummariseSamples(Messages& messages, const SeveralSamplesInput& input) {
+  std::vector<Summary> summaries;
+  for (const Sample& values : input.samples)
+    summaries.push_back(Summarise(messages, input.outlier_limit, values));
+  return summaries;
+}
+
+// --- Report
+
+constexpr Quantity kStart{"first.column", "Sample(s) from cols:", Unit::kNone, Width::kWhole};
+constexpr Quantity kLast{"last.column", "Sample(s) from cols:", Unit::kNone, Width::kWhole};
+constexpr Quantity kQuantities[] = {kStart, kLast};
+constexpr NamedTable kSamples{"samples", "Number, count, mean and SD of each sample"};
+constexpr NamedTable kOutliers{"outliers_of_samples", "The outliers of each sample"};
+constexpr NamedTable kTables[] = {kSamples, kOutliers};
 
 // From `row` on, below one another where they are more than a row holds.
 int WriteOutliers(ResultsSheet& sheet, int row, int number, const Sample& outliers) {
@@ -101,54 +128,45 @@ int WriteOutliers(ResultsSheet& sheet, int row, int number, const Sample& outlie
   return row + 1;
 }
 
-void WriteSheet(Run& run, const ColumnSpan& columns, std::span<const Summary> summaries) {
-  ResultsSheet& sheet = run.sheet;
-  sheet.Clear();
+void ReportSeveralSamples(ResultsSheet& sheet, const SeveralSamplesInput& input,
+                          const std::vector<Summary>& summaries) {
   sheet.Row(2, Bold{" General Statistics Several Samples"});
-  sheet.Row(3, Bold{" Project: "}, run.context.ProjectName);
-  sheet.Row(11, "Sample(s) from cols:", Blank{}, columns.start, columns.last);
+  sheet.Row(3, Bold{" Project: "}, sheet.ProjectName());
+  sheet.Row(11, kStart.caption, Blank{}, kStart(input.columns.start), kLast(input.columns.last));
   sheet.Row(13, "Sample no.:", "No. of obs.:", "Mean:", "SD:");
   int row = 14, number = 0;
-  for (const Summary& summary : summaries)
-    sheet.Row(row++, ++number, summary.n, summary.mean, summary.sd);
+  {
+    const ResultsSheet::Listing listing(sheet, kSamples);
+    for (const Summary& summary : summaries)
+      sheet.Row(row++, ++number, summary.n, summary.mean, summary.sd);
+  }
   ++row;
   number = 0;
+  const ResultsSheet::Listing listing(sheet, kOutliers);
   for (const Summary& summary : summaries) {
     ++number;
     if (!summary.outliers.empty()) row = WriteOutliers(sheet, row, number, summary.outliers);
   }
 }
 
-// --- The plot
+// --- Plots
 
-void DrawSamples(Run& run, std::span<const Sample> samples, std::span<const Summary> summaries) {
-  Plot& plot = AddDotPlot(run, "General Statistics Plot", static_cast<int>(samples.size()));
-  plot.x.title = "Sample no.";
+constexpr PlotWindow kPlots[] = {DotPlot("General Statistics Plot", "Sample no.")};
+constexpr PlotJob kPlotJobs[] = {{.pictures = kPlots}};
+constexpr std::string_view kPlotFault = "Error in dotplot routine";
+
+void DrawSeveralSamples(Plots& plots, const SeveralSamplesInput& input,
+                        const std::vector<Summary>& summaries) {
+  Plot& plot = AddDotPlot(plots, kPlots[0], static_cast<int>(summaries.size()));
   Points means;
-  for (std::size_t i = 0; i < samples.size(); ++i) {
-    plot.AddPoints(DotsAt(i + 1, samples[i]));
+  for (std::size_t i = 0; i < summaries.size(); ++i) {
+    plot.AddPoints(DotsAt(i + 1, input.samples[i]));
     means.push_back({i + 1, summaries[i].mean});
   }
   plot.AddPoints(std::move(means), Mark::kCross);
 }
 
-// --- The run
-
-void RunSeveralSamples(Run& run) {
-  const ColumnSpan columns = TakeColumns(run, kStartColumn, kLastColumn, kAllColumns);
-  const std::vector<Sample> samples = ReadSamples(run, columns);
-  if (AllEqual(samples)) run.Refuse(" No dispersion in variables: No analysis ");
-  const Real limit = run.form.WholeNumber32(kOutlierLimit);
-  std::vector<Summary> summaries;
-  summaries.reserve(samples.size());
-  for (const Sample& values : samples) summaries.push_back(Summarise(run.messages, limit, values));
-  WriteSheet(run, columns, summaries);
-  Insist(run.messages, "Error in dotplot routine", [&] { DrawSamples(run, samples, summaries); });
-}
-
-constexpr PlotWindow kPictures[] = {
-    {.window = kDotPlotWindow, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}};
-constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
+// --- The analysis
 
 constexpr Procedure frmGenSeveralResults[] = {{
     .window = "frmGenSeveralResults",
@@ -156,8 +174,10 @@ constexpr Procedure frmGenSeveralResults[] = {{
     .menu = {.save = "&Save As", .print_plots = "P&rint Plot"},
     .print_header = "/cGeneral Statistics - Two Samples/rPage #/p/n",  // for several ones as well
     .plot_jobs = kPlotJobs,
+    .plot_windows = kPlots,
     .failure = {.fault = "Error occurred", .aftermath = Aftermath::kWindowNotShown},
-    .run = RunSeveralSamples,
+    .run = Steps<ReadSeveralSamples, SummariseSamples, ReportSeveralSamples,
+                 kInsisting<kPlotFault, DrawSeveralSamples>>,
 }};
 
 }  // namespace
@@ -166,6 +186,8 @@ constinit const Analysis kSeveralSamples{
     .id = "several-samples",
     .dialog = &frmGenSeveralOptions,
     .procedures = frmGenSeveralResults,
+    .quantities = kQuantities,
+    .tables = kTables,
     .manual = "several-samples.md",
 };
 

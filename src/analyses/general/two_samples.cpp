@@ -1,8 +1,6 @@
-// Comparison of two samples, independent or paired: by their means (t_tests.cpp), their variances
-// (f_test.cpp) or their ranks (two_samples_by_ranks.cpp).
+// Comparison of two samples, independent or paired: by their means (compare_means.cpp), their
+// variances (compare_variances.cpp) or their ranks (compare_ranks.cpp).
 #include "analyses/general/two_samples.h"
-
-#include <algorithm>
 
 #include "analyses/general/dot_plot.h"
 #include "analyses/registry.h"
@@ -46,7 +44,7 @@ constexpr Dialog frmGenTwoOptions{
 };
 static_assert(WellFormed(frmGenTwoOptions));
 
-// --- The run
+// --- Input
 
 Group TakeGroup(Run& run, const Field& field) {
   Column column = ReadColumn(run, field);
@@ -55,42 +53,45 @@ Group TakeGroup(Run& run, const Field& field) {
   return {column.number, std::move(column.header), std::move(values)};
 }
 
-struct TestRoutine {
-  std::string_view word, failure;
-  void (*run)(Run&, const TwoGroups&);
+// --- Report
+
+namespace q = quantity;
+constexpr Quantity kQuantities[] = {
+    q::kFirst.column,
+    q::kFirst.n,
+    q::kFirst.mean,
+    q::kFirst.sd,
+    q::kFirst.mean_se,
+    q::kFirst.variance,
+    q::kFirst.df,
+    q::kFirst.median,
+    q::kFirst.mean_rank,
+    q::kSecond.column,
+    q::kSecond.n,
+    q::kSecond.mean,
+    q::kSecond.sd,
+    q::kSecond.mean_se,
+    q::kSecond.variance,
+    q::kSecond.df,
+    q::kSecond.median,
+    q::kSecond.mean_rank,
+    q::kPairs,
+    q::kDifference,
+    q::kDifferenceSe,
+    q::kDifferenceLower,
+    q::kDifferenceUpper,
+    q::kDifferenceT,
+    q::kDifferenceSd,
+    q::kMedianDifference,
+    q::kF,
+    q::kFP,
 };
-constexpr TestRoutine kRoutines[] = {
-    {"t", "Error in t-test routine", RunTTest},
-    {"paired-t", "Error in paired t-test routine", RunPairedTTest},
-    {"f", "Error in F-test routine", RunFTest},
-    {"mann-whitney", "Error in Mann-Whitney routine", RunMannWhitney},
-    {"wilcoxon", "Error in Wilcoxon routine", RunWilcoxon},
-};
 
-void RunTwoSamples(Run& run) {
-  Group first = TakeGroup(run, kFirstColumn);
-  Group second = TakeGroup(run, kSecondColumn);
-  const TwoGroups groups{std::move(first), std::move(second)};
-  const auto& routine = *std::ranges::find(kRoutines, run.form.Text(kTest), &TestRoutine::word);
-  Insist(run.messages, routine.failure, [&] { routine.run(run, groups); });
-}
+// --- Plots
 
-constexpr PlotWindow kPictures[] = {
-    {.window = kDotPlotWindow, .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}};
-constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
-
+constexpr PlotWindow kPlots[] = {DotPlot("Plot of two samples")};
+constexpr PlotJob kPlotJobs[] = {{.pictures = kPlots}};
 constexpr std::string_view kPlotFailure = "Error in t-test plot routine";
-
-constexpr Procedure frmGenTwoResults[] = {{
-    .window = "frmGenTwoResults",
-    .title = "General Statistics: Two Samples",
-    .menu = {.save = "&Save As", .print_plots = "P&rint Plot"},
-    .print_header = "/cGeneral Statistics - Two Samples/rPage #/p/n",
-    .plot_jobs = kPlotJobs,
-    .kept_picture = {.file = "PlotGenD.svg", .failure = kPlotFailure},
-    .failure = {.fault = "Error", .second = "Error", .aftermath = Aftermath::kWindowNotShown},
-    .run = RunTwoSamples,
-}};
 
 std::string AxisTitle(const TwoGroups& groups) {
   const auto named = [](const Group& group, const char* otherwise) {
@@ -100,38 +101,63 @@ std::string AxisTitle(const TwoGroups& groups) {
          "     2: " + named(groups.second, "second sample");
 }
 
-// Draws what `fill` adds.
-template <class Fill>
-void Draw(Run& run, int places, Fill&& fill) {
-  Insist(run.messages, kPlotFailure, [&] { fill(AddDotPlot(run, "Plot of two samples", places)); });
+// --- The analysis
+
+constexpr Procedure ProcedureOf(std::string_view test, void (*run)(Run&)) {
+  return {
+      .when = {kTest.key, test},
+      .window = "frmGenTwoResults",
+      .title = "General Statistics: Two Samples",
+      .menu = {.save = "&Save As", .print_plots = "P&rint Plot"},
+      .print_header = "/cGeneral Statistics - Two Samples/rPage #/p/n",
+      .plot_jobs = kPlotJobs,
+      .plot_windows = kPlots,
+      .kept_picture = {.file = "PlotGenD.svg", .failure = kPlotFailure},
+      .failure = {.fault = "Error", .second = "Error", .aftermath = Aftermath::kWindowNotShown},
+      .run = run,
+  };
 }
+
+constexpr Procedure kProcedures[] = {
+    ProcedureOf("t", CompareMeans),
+    ProcedureOf("paired-t", ComparePairedMeans),
+    ProcedureOf("f", CompareVariances),
+    ProcedureOf("mann-whitney", CompareRanks),
+    ProcedureOf("wilcoxon", ComparePairedRanks),
+};
 
 }  // namespace
 
-Sample TakeDifferences(Run& run, const TwoGroups& groups) {
+TwoGroups ReadTwoGroups(Run& run) {
+  Group first = TakeGroup(run, kFirstColumn);
+  Group second = TakeGroup(run, kSecondColumn);
+  return {std::move(first), std::move(second)};
+}
+
+Sample TakeDifferences(Messages& messages, Notices& notices, const TwoGroups& groups) {
   const auto& [first, second] = groups;
-  NoteLengths(run.notices,
+  NoteLengths(notices,
               {{first.column, first.values.size()}, {second.column, second.values.size()}});
-  if (first.N() != second.N()) Fail(run, "Unequal size of groups 1 and 2: No paired analysis");
+  if (first.N() != second.N()) Fail(messages, "Unequal size of groups 1 and 2: No paired analysis");
   Sample differences;
   for (std::size_t i = 0; i < first.values.size(); ++i)
     differences.push_back(second.values[i] - first.values[i]);
   return differences;
 }
 
-void WritePairedHead(Run& run, std::string_view title, const TwoGroups& groups) {
-  ResultsSheet& sheet = run.sheet;
-  sheet.Clear();
+void WritePairedHead(ResultsSheet& sheet, std::string_view title, const TwoGroups& groups) {
   sheet.Frame(title, DateBeside::kAnalyst);
-  sheet.Row(6, "  First sample: Col: ", groups.first.column);
+  sheet.Row(6, "  First sample: Col: ", q::kFirst.column(groups.first.column));
   sheet.Row(7, "  Variable name for first group:", groups.first.name);
-  sheet.Row(9, "  Second sample (right side of plot): Col: ", groups.second.column);
+  sheet.Row(9, q::kSecond.column(groups.second.column));
   sheet.Row(10, "  Variable name for second group:", groups.second.name);
-  sheet.Row(11, "  Number of paired observations:", groups.first.N());
+  sheet.Row(11, q::kPairs(groups.first.N()));
 }
 
-void DrawGroups(Run& run, const TwoGroups& groups, Real first_centre, Real second_centre) {
-  Draw(run, 2, [&](Plot& plot) {
+void DrawGroups(Messages& messages, Plots& plots, const TwoGroups& groups, Real first_centre,
+                Real second_centre) {
+  Insist(messages, kPlotFailure, [&] {
+    Plot& plot = AddDotPlot(plots, kPlots[0], 2);
     plot.x.title = AxisTitle(groups);
     plot.AddPoints(DotsAt(1, groups.first.values));
     plot.AddPoints(DotsAt(2, groups.second.values));
@@ -140,8 +166,10 @@ void DrawGroups(Run& run, const TwoGroups& groups, Real first_centre, Real secon
   });
 }
 
-void DrawDifferences(Run& run, std::span<const Real> differences, Real centre) {
-  Draw(run, 1, [&](Plot& plot) {
+void DrawDifferences(Messages& messages, Plots& plots, std::span<const Real> differences,
+                     Real centre) {
+  Insist(messages, kPlotFailure, [&] {
+    Plot& plot = AddDotPlot(plots, kPlots[0], 1);
     plot.y.title = "Difference";
     plot.AddPoints(DotsAt(1, differences));
     AddBar(plot, 1, centre);
@@ -151,7 +179,8 @@ void DrawDifferences(Run& run, std::span<const Real> differences, Real centre) {
 constinit const Analysis kTwoSamples{
     .id = "two-samples",
     .dialog = &frmGenTwoOptions,
-    .procedures = frmGenTwoResults,
+    .procedures = kProcedures,
+    .quantities = kQuantities,
     .manual = "two-samples.md",
 };
 

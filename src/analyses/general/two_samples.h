@@ -5,10 +5,12 @@
 #include <string>
 #include <string_view>
 
-#include "core/failure.h"
-#include "core/run.h"
+#include "analyses/quantities.h"
+#include "core/steps.h"
 
 namespace quorval::general {
+
+// --- Input
 
 // One column.
 struct Group {
@@ -23,28 +25,79 @@ struct TwoGroups {
   Group first, second;
 };
 
-void RunTTest(Run& run, const TwoGroups& groups);
-void RunPairedTTest(Run& run, const TwoGroups& groups);
-void RunFTest(Run& run, const TwoGroups& groups);
-void RunMannWhitney(Run& run, const TwoGroups& groups);
-void RunWilcoxon(Run& run, const TwoGroups& groups);
-
-// Ends a test with its words.
-[[noreturn]] inline void Fail(const Run& run, std::string_view words) {
-  run.messages.Tell(words);
-  throw Failure{};
-}
+TwoGroups ReadTwoGroups(Run& run);
 
 // Second less first, row by row.  Fails where the groups differ in size.
-Sample TakeDifferences(Run& run, const TwoGroups& groups);
+Sample TakeDifferences(Messages& messages, Notices& notices, const TwoGroups& groups);
 
-// Clears the sheet and writes rows 2 to 11 of a test of pairs.
-void WritePairedHead(Run& run, std::string_view title, const TwoGroups& groups);
+// --- The tests
+
+void CompareMeans(Run& run);        // the t-test
+void ComparePairedMeans(Run& run);  // the paired t-test
+void CompareVariances(Run& run);    // the F-test
+void CompareRanks(Run& run);        // Mann and Whitney
+void ComparePairedRanks(Run& run);  // Wilcoxon
+
+// --- Rows of the sheets
+
+namespace quantity {
+using namespace quorval::quantity;
+
+struct GroupRows {
+  Quantity column, n, mean, sd, mean_se, variance, df, median, mean_rank;
+};
+constexpr GroupRows kFirst{
+    .column = {"first.column", "  First sample (left side of plot): Col: ", Unit::kNone,
+               Width::kWhole},
+    .n = {"first.n", "  Number of observations for first group: ", Unit::kNone, Width::kWhole},
+    .mean = {"first.mean", "  Mean (see plot): ", Unit::kMeasurand},
+    .sd = {"first.sd", "  SD: ", Unit::kMeasurand},
+    .mean_se = {"first.mean.se", "  SEM: ", Unit::kMeasurand},
+    .variance = {"first.variance", " Variance (squared SD): "},
+    .df = {"first.df", "Degrees of freedom:", Unit::kNone, Width::kWhole},
+    .median = {"first.median", "  Median (see plot): ", Unit::kMeasurand},
+    .mean_rank = {"first.mean_rank", "  Average of ranks: "},
+};
+constexpr GroupRows kSecond{
+    .column = {"second.column", "  Second sample (right side of plot): Col: ", Unit::kNone,
+               Width::kWhole},
+    .n = {"second.n", "  Number of observations for second group: ", Unit::kNone, Width::kWhole},
+    .mean = {"second.mean", "  Mean (see plot): ", Unit::kMeasurand},
+    .sd = {"second.sd", "  SD: ", Unit::kMeasurand},
+    .mean_se = {"second.mean.se", "  SEM: ", Unit::kMeasurand},
+    .variance = {"second.variance", " Variance (squared SD): "},
+    .df = {"second.df", "Degrees of freedom:", Unit::kNone, Width::kWhole},
+    .median = {"second.median", "  Median (see plot): ", Unit::kMeasurand},
+    .mean_rank = {"second.mean_rank", "  Avearge of ranks: "},
+};
+
+inline constexpr Quantity kPairs = Captioned(kCount, "  Number of paired observations:");
+inline constexpr Quantity kDifference{"mean_difference", "  Mean difference: ", Unit::kMeasurand};
+inline constexpr Quantity kDifferenceSe{"mean_difference.se",
+                                        "  SE of mean difference: ", Unit::kMeasurand};
+inline constexpr Quantity kDifferenceLower{
+    "mean_difference.lower", "  95%-conf. limits for mean difference: ", Unit::kMeasurand};
+inline constexpr Quantity kDifferenceUpper{
+    "mean_difference.upper", "  95%-conf. limits for mean difference: ", Unit::kMeasurand};
+inline constexpr Quantity kDifferenceT{"mean_difference.t", "  t and P: "};
+inline constexpr Quantity kDifferenceSd{"difference.sd", "  SD of differences: ", Unit::kMeasurand};
+inline constexpr Quantity kMedianDifference{"median_difference",
+                                            "  Median Difference(see plot):", Unit::kMeasurand};
+inline constexpr Quantity kF{"f", "F-ratio:"};
+inline constexpr Quantity kFP{"f.p", "P(two-sided):"};
+}  // namespace quantity
+
+// Rows 2 to 11 of a test of pairs.
+void WritePairedHead(ResultsSheet& sheet, std::string_view title, const TwoGroups& groups);
+
+// --- Plots
 
 // Both groups, then a bar for each at its centre.
-void DrawGroups(Run& run, const TwoGroups& groups, Real first_centre, Real second_centre);
+void DrawGroups(Messages& messages, Plots& plots, const TwoGroups& groups, Real first_centre,
+                Real second_centre);
 
 // The differences and a bar at their centre.
-void DrawDifferences(Run& run, std::span<const Real> differences, Real centre);
+void DrawDifferences(Messages& messages, Plots& plots, std::span<const Real> differences,
+                     Real centre);
 
 }  // namespace quorval::general

@@ -132,8 +132,8 @@ constexpr std::string_view kRejection = "  Rejection limits:  ";
 constexpr Quantity kRejectionLower{"rejection_limit.lower", kRejection, Unit::kMeasurand};
 constexpr Quantity kRejectionUpper{"rejection_limit.upper", kRejection, Unit::kMeasurand};
 constexpr Quantity kMean = Captioned(quantity::kMean, "  Observed Mean:  ");
-constexpr Quantity kSD = Captioned(quantity::kSD, "  Observed SD:  ");
-constexpr Quantity kCV = Captioned(quantity::kCV, "  Observed CV%: ");
+constexpr Quantity kSD = Captioned(quantity::kSd, "  Observed SD:  ");
+constexpr Quantity kCV = Captioned(quantity::kCv, "  Observed CV%: ");
 constexpr Quantity kQuantities[] = {kColumn,
                                     kCount,
                                     kAssignedMean,

@@ -156,8 +156,8 @@ RunsResult ComputeRuns(const RunsInput& input) {
 constexpr Quantity kColumnUsed = Captioned(quantity::kColumn, "  Selected Col.:  ");
 constexpr Quantity kCount = Captioned(quantity::kCount, "  No of obs:  ");
 constexpr Quantity kMean = Captioned(quantity::kMean, "  Mean:  ");
-constexpr Quantity kSD = Captioned(quantity::kSD, "  SD:  ");
-constexpr Quantity kCV = Captioned(quantity::kCV, "  CV%: ");
+constexpr Quantity kSD = Captioned(quantity::kSd, "  SD:  ");
+constexpr Quantity kCV = Captioned(quantity::kCv, "  CV%: ");
 constexpr Quantity kOutliers = Captioned(quantity::kOutliers, "  Outlier(s) present");
 constexpr Quantity kLimit = Captioned(quantity::kOutlierLimit, "  Outlier Limit (no. of SDs):");
 

@@ -35,7 +35,8 @@ void DrawCumulative(Run& run, const ReferenceSample& sample, bool with_gaussian)
   Plot& plot = AddTitledPlot(run, "frmRefCum", "Cumulative distribution of reference values",
                              kValue, kCumulativeFrequency);
   if (!with_gaussian) return;
-  Insist(run.messages, kCumulativeFault, [&] { AddCumulative(run, plot, sample.RefValues); });
+  Insist(run.messages, kCumulativeFault,
+         [&] { AddCumulative(run.messages, plot, sample.RefValues); });
 }
 
 void DrawTransformed(Run& run, std::span<const Real> TransformedValues) {
@@ -48,7 +49,7 @@ void DrawTransformed(Run& run, std::span<const Real> TransformedValues) {
     plot.AddLine(DensityCurve(described, classes.h));
   });
   Insist(run.messages, "Error in cumulated display of transformed values", [&] {
-    AddCumulative(run,
+    AddCumulative(run.messages,
                   AddTitledPlot(run, "frmRefCumTrans",
                                 "Cumulative distribution of transformed reference values",
                                 kTransformedValue, kCumulativeFrequency),

@@ -21,7 +21,46 @@ Group TakeGroup(Run& run, const Field& field) {
   return {column.number, std::move(column.header), std::move(sample)};
 }
 
-TwoGroups TakeGroups(Run& run) {
+constexpr auto kQuantities = std::to_array<Quantity>({
+    kFirstColumn,
+    kFirstCount,
+    kSecondColumn,
+    kSecondCount,
+    kCutOff,
+    kSpecificity.estimate,
+    kSpecificity.se,
+    kSpecificity.lower,
+    kSpecificity.upper,
+    kSensitivity.estimate,
+    kSensitivity.se,
+    kSensitivity.lower,
+    kSensitivity.upper,
+    kArea,
+    kAreaSe,
+    kAreaLower,
+    kAreaUpper,
+});
+
+constexpr PlotJob kGroupsJobs[] = {{.pictures = kGroupsPlot}};
+constexpr PlotJob kRocJobs[] = {{.pictures = kRocPlot}};
+
+constexpr Procedure ProcedureOf(When when, std::span<const PlotJob> plot_jobs, void (*run)(Run&)) {
+  return {.when = when,
+          .window = "frmDiaResults",
+          .title = "Quorval      Diagnostic test Evaluation",
+          .menu = kFileMenu,
+          .print_header = kPrintHeader,
+          .plot_jobs = plot_jobs,
+          .plot_windows = plot_jobs.front().pictures,
+          .failure = kFailure,
+          .run = run};
+}
+constexpr Procedure kProcedures[] = {ProcedureOf(kByCutOff, kGroupsJobs, EvaluateCutOff),
+                                     ProcedureOf(kByRoc, kRocJobs, EvaluateRocCurve)};
+
+}  // namespace
+
+DiagnosticGroups TakeGroups(Run& run) {
   Group first = TakeGroup(run, Text10);
   Group second = TakeGroup(run, Text11);
   return {.FirstCol = first.column,
@@ -32,21 +71,11 @@ TwoGroups TakeGroups(Run& run) {
           .SecondSample = std::move(second.sample)};
 }
 
-constexpr Procedure frmDiaResults[] = {
-    ResultsWindow("frmDiaResults", "Quorval      Diagnostic test Evaluation", [](Run& run) {
-      const TwoGroups groups = TakeGroups(run);
-      if (run.form.Holds(kByRoc))
-        EvaluateRocCurve(run, groups);
-      else
-        EvaluateCutOff(run, groups);
-    })};
-
-}  // namespace
-
 constinit const Analysis kDiagnostic{
     .id = "diagnostic",
     .dialog = &frmDiaOptions,
-    .procedures = frmDiaResults,
+    .procedures = kProcedures,
+    .quantities = kQuantities,
     .manual = "diagnostic-test.md",
 };
 
