@@ -1,8 +1,8 @@
 // The smallest amounts that a method can tell from none, and can quantify.
 //
-// Procedure A, here: the detection limit and the lower limit of quantitation as multiples of the SD
-// of a low or zero sample.  Outliers are listed, and stay in the estimate.  Procedure B, with both
-// types of error specified, stands in limit_of_detection.cpp.
+// Procedure A, here: two multiples of the SD of a low or zero sample, the one to detect and the
+// other to quantify.  Outliers are listed, and stay in the estimate.  Procedure B, with both types
+// of error specified, stands in limit_of_detection.cpp.
 #include "analyses/methodeval/detection_limit.h"
 
 #include "analyses/registry.h"
