@@ -26,12 +26,9 @@ void WriteOutliers(ResultsSheet& sheet, const OutlierRows& rows, const OutlierMa
   }
   sheet.Row(rows.count + 1, quantity::kOutlierLimit(Real(limit)));
   const ResultsSheet::Listing listing(sheet, kOutlierList);
-  int listed = 0;
-  for (std::size_t i = 0; i < outliers.flags.size() && listed < kMostOutliersListed; ++i) {
-    if (!outliers.flags[i]) continue;
-    sheet.Row(rows.first + 2 * listed, "  No.", static_cast<int>(i) + 1);
-    sheet.Row(rows.first + 1 + 2 * listed, "  Outlier (x, y)", x[i], y[i]);
-    ++listed;
+  for (int row = rows.first; std::size_t i : FirstMarked(outliers, kMostOutliersListed)) {
+    sheet.Row(row++, "  No.", static_cast<int>(i) + 1);
+    sheet.Row(row++, "  Outlier (x, y)", x[i], y[i]);
   }
   if (outliers.count > kMostOutliersListed)
     sheet.Row(rows.more, "More than 5 outlier pairs which are not displayed ");
