@@ -177,7 +177,7 @@ void PlotView::AskSavePicture() {
                                      "PDF document (*.pdf)|*.pdf"},
                          .proposed_name = FileNameOf(FromQt(windowTitle().trimmed()))});
   if (path && !SavePicture(*path))
-    ShowBox(this, {.text = "The picture could not be saved.", .title = title});
+    workbench_.platform().Show({.text = "The picture could not be saved.", .title = title});
 }
 
 void PlotView::ResetView() {
@@ -194,7 +194,7 @@ void PlotView::RedrawLines() {
     const QCPRange x = chart_->xAxis->range();
     plot->RedrawLines(x.lower, x.upper);
   } catch (const Fault&) {
-    ShowBox(this, {.text = "Error", .title = FromQt(windowTitle())});
+    workbench_.platform().Show({.text = "Error", .title = FromQt(windowTitle())});
     return;
   }
   KeepView();  // the longer lines do not move the axes
