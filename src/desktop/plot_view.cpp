@@ -16,7 +16,6 @@
 #include "core/conversion.h"
 #include "core/file_name.h"
 #include "desktop/file_dialog.h"
-#include "desktop/message_box.h"
 #include "desktop/mnemonics.h"
 #include "painting/cell_text.h"
 #include "painting/chart.h"
