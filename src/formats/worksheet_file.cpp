@@ -61,7 +61,7 @@ void WriteGridFile(const std::filesystem::path& path, const Grid& grid,
 }
 
 Notices LossesOf(const std::filesystem::path& path, const Grid& grid) {
-  return LossesOf(grid, FormatOf(path, IsWritten).limits);
+  return LossesOf(grid, CanWrite(path) ? FormatOf(path, IsWritten).limits : kWorkbook);
 }
 
 bool CanWrite(const std::filesystem::path& path) {

@@ -25,7 +25,7 @@ constexpr FileMenu MenuWith(std::string_view back) {
 }
 
 constexpr Procedure kProcedures[] = {
-    {.when = kSingle,
+    {.when = kSingleMode,
      .window = "frmBAs",
      .title = "Difference Plots      Single (x, y) data set",
      .menu = MenuWith("&Select Options for Difference Plot"),
@@ -36,7 +36,7 @@ constexpr Procedure kProcedures[] = {
                  .second = kTooFewPairs,  // unequal columns count as none
                  .aftermath = Aftermath::kWindowCloses},
      .run = RunSingle},
-    {.when = kDuplicate,
+    {.when = kDuplicateMode,
      .window = "frmBAd",
      .title = "Quorval   Difference Plot Section      Duplicate data (id, x1, x2, y1, y2) ",
      .menu = MenuWith("&Select options for difference plots"),

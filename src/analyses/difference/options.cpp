@@ -68,7 +68,7 @@ constexpr Field kShowData{.key = "show-data",
                           .initial = "off"};
 constexpr Field kSupplButton{.kind = FieldKind::kButton,
                              .caption = "Suppl. options",
-                             .enabled = {kSingle},
+                             .enabled = {kSingleMode},
                              .opens = &frmBASupplOpt};
 
 constexpr Demand kColumn = kWorksheetColumn.RefusedWith("Incompatible column selection(s)");
