@@ -18,9 +18,8 @@ template <class Write>
 void ListFirstMarked(ResultsSheet& sheet, const NamedTable& table, const OutlierMarks& outliers,
                      int more, std::string_view words, Write&& write) {
   const ResultsSheet::Listing listing(sheet, table);
-  int listed = 0;
-  for (std::size_t i = 0; i < outliers.flags.size() && listed < kMostOutliersListed; ++i)
-    if (outliers.flags[i]) write(listed++, i);
+  for (int listed = 0; std::size_t i : FirstMarked(outliers, kMostOutliersListed))
+    write(listed++, i);
   if (outliers.count > kMostOutliersListed) sheet.Row(more, words);
 }
 

@@ -70,6 +70,13 @@ struct Procedure {
   void (*run)(Run&);
 };
 
+// The same window, filled another way where the dialog says so.
+constexpr Procedure ForChoice(Procedure window, When when, void (*run)(Run&)) {
+  window.when = when;
+  window.run = run;
+  return window;
+}
+
 // The title of the window that a run by this form shows.
 std::string TitleOf(const Procedure& procedure, const Form& form);
 

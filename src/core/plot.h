@@ -21,6 +21,18 @@ using Points = std::vector<Point>;
 // Points of the abscissae and ordinates of equal length.
 Points Zip(std::span<const Real> x, std::span<const Real> y);
 
+// The curve of a function over the abscissae from `first` to `last`, at equal steps.
+template <class Function>
+Points Curve(Real first, Real last, Function&& y_at) {
+  constexpr int kPoints = 100;
+  Points curve;
+  for (int i = 0; i < kPoints; ++i) {
+    const Real x = first + i * (last - first) / (kPoints - 1);
+    curve.push_back({x, y_at(x)});
+  }
+  return curve;
+}
+
 enum class Draw { kPoints, kLine, kBars, kPointsAndLine };
 enum class Mark { kDot, kCross };  // a measurement, and one that is marked apart
 enum class Pattern { kSolid, kDashed, kDotted };

@@ -72,6 +72,13 @@ OutlierMarks MarkOutliersBySD(Messages& messages, Real limit, std::span<const Si
   return MarkOutliersBySD(messages, limit, ToReals(y));
 }
 
+std::vector<std::size_t> FirstMarked(const OutlierMarks& outliers, std::size_t most) {
+  std::vector<std::size_t> places;
+  for (std::size_t i = 0; i < outliers.flags.size() && places.size() < most; ++i)
+    if (outliers.flags[i]) places.push_back(i);
+  return places;
+}
+
 }  // namespace MCregaM3
 
 }  // namespace quorval

@@ -41,6 +41,9 @@ struct OutlierMarks {
 OutlierMarks MarkOutliersBySD(Messages& messages, Real limit, std::span<const Real> y);
 OutlierMarks MarkOutliersBySD(Messages& messages, Real limit, std::span<const Single> y);
 
+// Where the first marked values stand, counted from 0; no more than `most` of them.
+std::vector<std::size_t> FirstMarked(const OutlierMarks& outliers, std::size_t most);
+
 }  // namespace MCregaM3
 
 }  // namespace quorval

@@ -8,6 +8,7 @@
 
 #include "analyses/methodeval/method_evaluation.h"
 #include "analyses/registry.h"
+#include "core/steps.h"
 
 namespace quorval::methodeval {
 namespace {
@@ -53,17 +54,17 @@ constexpr Dialog frmControlChartOpt{
 };
 static_assert(WellFormed(frmControlChartOpt));
 
-// --- Intake
+// --- Input
 
-struct ControlData {
+struct ControlChartInput {
   int column;
   std::string analyte;
   Sample x;
   std::optional<Texts> dates;  // or other labels, one for each value
   Real M, S;                   // assigned mean and SD
 
-  Real Limit(int sds) const { return M + sds * S; }
-  bool Rejects(Real value) const { return value < Limit(-3) || value > Limit(3); }
+  Range Limits(int sds) const { return {M - sds * S, M + sds * S}; }
+  bool Rejects(Real value) const { return value < Limits(3).min || value > Limits(3).max; }
 };
 
 bool IsMissing(Real value) { return value < 0; }
@@ -77,100 +78,141 @@ std::optional<Texts> ReadDates(Run& run, std::size_t n) {
   return ReadLabels(run, kDateColumn, n, "date");
 }
 
-ControlData ReadControlData(Run& run) {
-  Column column = ReadColumn(run, TakeColumn(run, kValueColumn, kAllColumns));
-  if (column.values.empty()) run.Refuse(kAllColumns.refusal);
-  return {.column = column.number,
-          .analyte = std::move(column.header),
-          .x = column.Numbers(run.notices),
-          .dates = ReadDates(run, column.values.size()),
-          .M = FirstNumber(run, run.form.Column(kMeanColumn)),
-          .S = FirstNumber(run, run.form.Column(kSdColumn))};
+void NoteMissing(Notices& notices, const ControlChartInput& input) {
+  const auto missing = static_cast<std::size_t>(std::ranges::count_if(input.x, IsMissing));
+  if (missing == 0) return;
+  const auto first = std::ranges::find_if(input.x, IsMissing) - input.x.begin();
+  const int row = static_cast<int>(first) + 1;
+  Note(notices,
+       {"left-out",
+        "column " + std::to_string(input.column) + " holds " + Counted(missing, "negative value") +
+            ", taken as missing and left out; the first stands in row " + std::to_string(row),
+        input.column, row});
 }
 
-// --- The sheet
+ControlChartInput ReadControlChart(Run& run) {
+  Column column = ReadColumn(run, TakeColumn(run, kValueColumn, kAllColumns));
+  if (column.values.empty()) run.Refuse(kAllColumns.refusal);
+  ControlChartInput input{.column = column.number,
+                          .analyte = std::move(column.header),
+                          .x = column.Numbers(run.notices),
+                          .dates = ReadDates(run, column.values.size()),
+                          .M = FirstNumber(run, run.form.Column(kMeanColumn)),
+                          .S = FirstNumber(run, run.form.Column(kSdColumn))};
+  NoteMissing(run.notices, input);
+  RefuseWithoutDispersion(run, input.x);
+  return input;
+}
 
-void WriteSheet(Run& run, const ControlData& data, int nv, const Description& observed) {
-  ResultsSheet& sheet = run.sheet;
-  sheet.Clear();
-  sheet.Row(2, Bold{"  Control data"});
-  sheet.Row(3, "  Project:", run.context.ProjectName);
-  sheet.Row(4, "  Selected Col.for values:  ", data.column);
-  if (data.analyte.empty()) {
-    sheet.Row(5, " ", "");
-  } else {
-    sheet.Row(5, "   Analyte: ", data.analyte);
-  }
-  sheet.Row(6, "  No of obs:  ", nv);
-  sheet.Row(8, "  Assigned mean:  ", data.M);
-  sheet.Row(9, "  Assigned SD:  ", data.S);
-  sheet.Row(10, "  Warning limits:  ", data.Limit(-2), data.Limit(2));
-  sheet.Row(11, "  Rejection limits:  ", data.Limit(-3), data.Limit(3));
-  sheet.Row(13, "  Control data:  ");
-  sheet.Row(14, "  Observed Mean:  ", observed.mean);
-  sheet.Row(15, "  Observed SD:  ", observed.sd);
-  if (observed.mean == 0) {
-    sheet.Row(16, "  CV% n. d. ");
-  } else {
-    sheet.Row(16, "  Observed CV%: ", 100 * observed.sd / Abs(observed.mean));
-  }
-  if (data.dates) sheet.Put(17, 2, " Opt. Dates:");
+// --- Computation
+
+struct ControlChartResult {
+  int nv;         // valid values
+  Real mean, SD;  // observed
+};
+
+ControlChartResult ComputeControlChart(Messages& messages, const ControlChartInput& input) {
+  Sample valid = input.x;
+  std::erase_if(valid, IsMissing);
+  if (valid.size() < 2) Refuse(messages, kFewerThanTwo);
+  const Description observed = DescribeSample(messages, valid);
+  return {.nv = static_cast<int>(valid.size()), .mean = observed.mean, .SD = observed.sd};
+}
+
+// --- Report
+
+constexpr Quantity kColumn = Captioned(quantity::kColumn, "  Selected Col.for values:  ");
+constexpr Quantity kCount = Captioned(quantity::kCount, "  No of obs:  ");
+constexpr Quantity kAssignedMean{"assigned.mean", "  Assigned mean:  ", Unit::kMeasurand};
+constexpr Quantity kAssignedSD{"assigned.sd", "  Assigned SD:  ", Unit::kMeasurand};
+constexpr std::string_view kWarning = "  Warning limits:  ";
+constexpr Quantity kWarningLower{"warning_limit.lower", kWarning, Unit::kMeasurand};
+constexpr Quantity kWarningUpper{"warning_limit.upper", kWarning, Unit::kMeasurand};
+constexpr std::string_view kRejection = "  Rejection limits:  ";
+constexpr Quantity kRejectionLower{"rejection_limit.lower", kRejection, Unit::kMeasurand};
+constexpr Quantity kRejectionUpper{"rejection_limit.upper", kRejection, Unit::kMeasurand};
+constexpr Quantity kMean = Captioned(quantity::kMean, "  Observed Mean:  ");
+constexpr Quantity kSD = Captioned(quantity::kSd, "  Observed SD:  ");
+constexpr Quantity kCV = Captioned(quantity::kCv, "  Observed CV%: ");
+constexpr Quantity kQuantities[] = {kColumn,
+                                    kCount,
+                                    kAssignedMean,
+                                    kAssignedSD,
+                                    kWarningLower,
+                                    kWarningUpper,
+                                    kRejectionLower,
+                                    kRejectionUpper,
+                                    kMean,
+                                    kSD,
+                                    kCV};
+constexpr NamedTable kValues{"values", "The values in their order, rejected ones in bold"};
+constexpr NamedTable kTables[] = {kValues};
+
+void WriteValues(ResultsSheet& sheet, const ControlChartInput& input) {
+  if (input.dates) sheet.Put(17, 2, " Opt. Dates:");
   sheet.Put(17, 3, "  Values: ");
-  for (std::size_t i = 0; i < data.x.size(); ++i) {
+  const ResultsSheet::Listing listing(sheet, kValues);
+  for (std::size_t i = 0; i < input.x.size(); ++i) {
     const int row = 18 + static_cast<int>(i);
-    if (data.dates) sheet.Put(row, 2, (*data.dates)[i]);
-    if (!IsMissing(data.x[i]) && data.Rejects(data.x[i])) {
-      sheet.Put(row, 3, BoldNumber{data.x[i]});
+    if (input.dates) sheet.Put(row, 2, (*input.dates)[i]);
+    if (!IsMissing(input.x[i]) && input.Rejects(input.x[i])) {
+      sheet.Put(row, 3, BoldNumber{input.x[i]});
     } else {
-      sheet.Put(row, 3, data.x[i]);
+      sheet.Put(row, 3, input.x[i]);
     }
   }
 }
 
-// --- The plot
+void ReportControlChart(ResultsSheet& sheet, const ControlChartInput& input,
+                        const ControlChartResult& result) {
+  sheet.Row(2, Bold{"  Control data"});
+  sheet.Row(3, "  Project:", sheet.ProjectName());
+  sheet.Row(4, kColumn(input.column));
+  if (input.analyte.empty()) {
+    sheet.Row(5, " ", "");
+  } else {
+    sheet.Row(5, "   Analyte: ", input.analyte);
+  }
+  sheet.Row(6, kCount(result.nv));
+  sheet.Row(8, kAssignedMean(input.M));
+  sheet.Row(9, kAssignedSD(input.S));
+  const Range warning = input.Limits(2);
+  sheet.Row(10, kWarningLower(warning.min), kWarningUpper(warning.max));
+  const Range rejection = input.Limits(3);
+  sheet.Row(11, kRejectionLower(rejection.min), kRejectionUpper(rejection.max));
+  sheet.Row(13, "  Control data:  ");
+  sheet.Row(14, kMean(result.mean));
+  sheet.Row(15, kSD(result.SD));
+  if (const auto CV = PercentOf(result.SD, Abs(result.mean))) {
+    sheet.Row(16, kCV(*CV));
+  } else {
+    sheet.Row(16, "  CV% n. d. ");
+  }
+  WriteValues(sheet, input);
+}
 
-void DrawChart(Run& run, const ControlData& data) {
-  Plot& plot = run.AddPlot("frmControlChartPlot", "Control Chart");
+// --- Plots
+
+constexpr PlotWindow kPlots[] = {{.window = "frmControlChartPlot",
+                                  .caption = "Control Chart",
+                                  .x_title = "Observation no.",
+                                  .bitmap = " Chart2D1.bmp",
+                                  .height = 350}};
+constexpr PlotJob kPlotJobs[] = {{.pictures = kPlots}};
+
+void DrawControlChart(Plots& plots, const ControlChartInput& input, const ControlChartResult&) {
+  Plot& plot = AddPlot(plots, kPlots[0]);
   plot.label =
       "Solid blue line: Ass. mean; Green dotted lines: Ass. mean +/- 2 ass. SD; Red dotted lines: "
       "Ass. mean +/- 3 ass. SD. ";
-  plot.x.title = "Observation no.";
-  plot.y.title = data.analyte;
-  Points valid = AgainstNumber(data.x);
+  plot.y.title = input.analyte;
+  Points valid = AgainstNumber(input.x);
   std::erase_if(valid, [](const Point& point) { return IsMissing(point.y); });
   plot.AddPoints(std::move(valid));
-  AddSdLines(plot, data.M, data.S, {0, data.x.size()});
+  AddSdLines(plot, input.M, input.S, {0, input.x.size()});
 }
 
-// --- The run
-
-void NoteMissing(Run& run, const ControlData& data) {
-  const auto missing = static_cast<std::size_t>(std::ranges::count_if(data.x, IsMissing));
-  if (missing == 0) return;
-  const auto first = std::ranges::find_if(data.x, IsMissing) - data.x.begin();
-  const int row = static_cast<int>(first) + 1;
-  Note(run.notices,
-       {"left-out",
-        "column " + std::to_string(data.column) + " holds " + Counted(missing, "negative value") +
-            ", taken as missing and left out; the first stands in row " + std::to_string(row),
-        data.column, row});
-}
-
-void RunControlChart(Run& run) {
-  const ControlData data = ReadControlData(run);
-  NoteMissing(run, data);
-  const Range range = RangeOf(data.x);
-  if (range.max == range.min) run.Refuse(" No dispersion in variables: No analysis ");
-  Sample valid = data.x;
-  std::erase_if(valid, IsMissing);
-  if (valid.size() < 2) run.Refuse(" Sample size < 2: No analysis ");
-  WriteSheet(run, data, static_cast<int>(valid.size()), DescribeSample(run.messages, valid));
-  DrawChart(run, data);
-}
-
-constexpr PlotWindow kPictures[] = {
-    {.window = "frmControlChartPlot", .caption = {}, .bitmap = " Chart2D1.bmp", .height = 350}};
-constexpr PlotJob kPlotJobs[] = {{.pictures = kPictures}};
+// --- The analysis
 
 constexpr Procedure frmControlChart[] = {{
     .window = "frmControlChart",
@@ -178,9 +220,9 @@ constexpr Procedure frmControlChart[] = {{
     .menu = MenuWith("&Select Options for Precision Evaluation", "P&rint Plot"),
     .print_header = "/cPrecision Results/rPage #/p/n",
     .plot_jobs = kPlotJobs,
-    .failure = {.fault = "Error occurred in control chart analysis",
-                .aftermath = Aftermath::kWindowCloses},
-    .run = RunControlChart,
+    .plot_windows = kPlots,
+    .failure = ClosingWith("Error occurred in control chart analysis"),
+    .run = Steps<ReadControlChart, ComputeControlChart, ReportControlChart, DrawControlChart>,
 }};
 
 }  // namespace
@@ -189,6 +231,8 @@ constinit const Analysis kControlChart{
     .id = "control-chart",
     .dialog = &frmControlChartOpt,
     .procedures = frmControlChart,
+    .quantities = kQuantities,
+    .tables = kTables,
     .manual = "control-chart.md",
 };
 

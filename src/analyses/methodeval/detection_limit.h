@@ -1,4 +1,5 @@
-// The options of detection limits, and the two procedures behind them.
+// What both procedures for detection limits share, and what the record of the analysis needs of the
+// second (limit_of_detection.cpp).
 #pragma once
 
 #include <array>
@@ -7,6 +8,8 @@
 
 namespace quorval::methodeval::detection {
 
+// --- Options of both
+
 inline constexpr std::array<Choice, 2> kProcedureChoices{
     {{"a", "A. Procedure addressing the type I error aspect:"},
      {"b", "B. Procedure taking both type I and II errors into account (CLSI EP 17-A): "}}};
@@ -14,51 +17,13 @@ inline constexpr Field kProcedure{
     .key = "procedure", .kind = FieldKind::kChoice, .initial = "a", .choices = kProcedureChoices};
 inline constexpr When kBySd{kProcedure.key, "a"}, kByEp17{kProcedure.key, "b"};
 
-// --- A.  Either limit may be left out
+inline constexpr Field kOutlierLimit{
+    .key = "outlier-limit",
+    .caption = "Specify number of standard deviations as outlier limit:",
+    .initial = "4",
+    .demand = kPositiveLimit};
 
-inline constexpr std::string_view kDlGroup = "Detection Limit (DL):";
-inline constexpr std::string_view kLoqGroup = "Lower Limit of Quantitation (LOQ):";
-inline constexpr std::string_view kSdColumnCaption = "Compute SD from Data Column No.:";
-
-inline constexpr std::string_view kDlRefused = "No column no. was selected for DL analysis!";
-
-inline constexpr Field kDl{.key = "dl",
-                           .kind = FieldKind::kCheck,
-                           .group = kDlGroup,
-                           .caption = "DL",
-                           .initial = "on",
-                           .enabled = {kBySd}};
-inline constexpr Conditions kDlAsked{kBySd, When{kDl.key, "on"}};
-inline constexpr Field kDlColumn{.key = "dl-column",
-                                 .group = kDlGroup,
-                                 .caption = kSdColumnCaption,
-                                 .enabled = kDlAsked,
-                                 .demand = kWorksheetColumn.RefusedIfBlank(kDlRefused)};
-inline constexpr Field kDlSds{.key = "dl-sds",
-                              .group = kDlGroup,
-                              .caption = "No. of SD´s of low/zero sample as DL:",
-                              .initial = "3",
-                              .enabled = kDlAsked};
-inline constexpr Field kLoq{.key = "loq",
-                            .kind = FieldKind::kCheck,
-                            .group = kLoqGroup,
-                            .caption = "LOQ",
-                            .initial = "on",
-                            .enabled = {kBySd}};
-inline constexpr Conditions kLoqAsked{kBySd, When{kLoq.key, "on"}};
-inline constexpr Field kLoqColumn{
-    .key = "loq-column",
-    .group = kLoqGroup,
-    .caption = kSdColumnCaption,
-    .enabled = kLoqAsked,
-    .demand = kWorksheetColumn.RefusedIfBlank("No column no. was selected for LOQ analysis!")};
-inline constexpr Field kLoqSds{.key = "loq-sds",
-                               .group = kLoqGroup,
-                               .caption = "No. of SD´s of low/zero sample as LOQ:",
-                               .initial = "5",
-                               .enabled = kLoqAsked};
-
-// --- B
+// --- Options of B
 
 inline constexpr Field kBlankColumn{.key = "blank-column",
                                     .group = "Blank:",
@@ -93,18 +58,38 @@ inline constexpr Field kBeta{.key = "beta",
                              .choices = kBetaChoices,
                              .enabled = {kByEp17}};
 
-inline constexpr Field kOutlierLimit{
-    .key = "outlier-limit",
-    .caption = "Specify number of standard deviations as outlier limit:",
-    .initial = "4",
-    .demand = kPositiveLimit};
+// --- Rows of B
 
-// --- Windows
+inline constexpr Quantity kBlanksFrom{"blank.column", " Selected Col. for blanks:", Unit::kNone,
+                                      Width::kWhole};
+inline constexpr Quantity kBlankCount{"blank.n", "No of blank obs:", Unit::kNone, Width::kWhole};
+inline constexpr Quantity kAlphaUsed{"alpha", "Type I error (alpha, % ):", Unit::kPercent,
+                                     Width::k32};
+inline constexpr Quantity kLoB{"lob", "Limit of blank (LoB):", Unit::kMeasurand};
+inline constexpr Quantity kLoBSE{"lob.se", "SE of LoB:", Unit::kMeasurand};
+inline constexpr Quantity kBetaUsed{"beta", "Type II error (beta, %):", Unit::kPercent,
+                                    Width::kWhole};
+inline constexpr std::string_view kLowColumns = "Low sample(s) from cols:";
+inline constexpr Quantity kFirstLow = Captioned(quantity::kFirstColumn, kLowColumns);
+inline constexpr Quantity kLastLow = Captioned(quantity::kLastColumn, kLowColumns);
+inline constexpr Quantity kPooledSD = Captioned(quantity::kSDWithin, "Pooled low sample SD:");
+inline constexpr Quantity kPooledDf{"df.within", "D. of freedom:", Unit::kNone, Width::kWhole};
+inline constexpr Quantity kCbeta{"cbeta", "cbeta:"};
+inline constexpr Quantity kLoD{"lod", "Limit of detection (LoD):", Unit::kMeasurand};
+inline constexpr Quantity kLoDSE{"lod.se", "SE of LoD:", Unit::kMeasurand};
+inline constexpr std::array kByEp17Quantities{
+    kBlanksFrom, kBlankCount, kAlphaUsed, kLoB,   kLoBSE, kBetaUsed, kFirstLow,
+    kLastLow,    kPooledSD,   kPooledDf,  kCbeta, kLoD,   kLoDSE};
 
-inline constexpr std::string_view kDlPlot = "frmPrecPlot1", kLoqPlot = "frmPrecPlot2";
-inline constexpr std::string_view kDotPlot = "frmDotDetplot";
+// --- Plots of B
 
-void RunBySd(Run& run);
+inline constexpr PlotWindow kByEp17Plots[] = {{.window = "frmDotDetplot",
+                                               .caption = "Limit of detection",
+                                               .x_title = "Sample no.",
+                                               .bitmap = " Chart2D1.bmp",
+                                               .height = 350}};
+inline constexpr PlotJob kByEp17Jobs[] = {{.pictures = kByEp17Plots}};
+
 void RunByEp17(Run& run);
 
 }  // namespace quorval::methodeval::detection

@@ -24,13 +24,13 @@ struct DilutionSeries {
   int N() const;  // of all replicates
 };
 
+inline constexpr Field kStartColumn{.key = "start-column",
+                                    .caption = "Reading x and y values from column No. (Start):",
+                                    .demand = kDataColumn};
+inline constexpr Field kLastColumn{
+    .key = "last-column", .caption = "Column No. (Last):", .demand = kDataColumn};
+
 // At least three levels of at least two replicates, from the columns 1 to 30.
-DilutionSeries ReadDilutionSeries(Run& run, const Field& start, const Field& last);
-
-// Levels whose x is not above 0 have no weight.
-void RefuseNonPositiveLevels(const Run& run, const DilutionSeries& series);
-
-// Weights by x to the power of -e, with x not below L; x above 0.
-void WeightLevels(DilutionSeries& series, Real e, Real L);
+DilutionSeries ReadDilutionSeries(Run& run);
 
 }  // namespace quorval::methodeval::linearity

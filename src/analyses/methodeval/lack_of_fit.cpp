@@ -53,10 +53,7 @@ LackOfFit Fit(std::span<const DilutionLevel> levels) {
 }  // namespace
 
 LackOfFit FitLine(Messages& messages, std::span<const DilutionLevel> levels) {
-  if (levels.size() < 3) {
-    messages.Tell("Less than three x levels: OLR not performed!");
-    throw Failure{};
-  }
+  if (levels.size() < 3) Fail(messages, "Less than three x levels: OLR not performed!");
   return Insist(messages, "Error in linearity evaluation", [&] { return Fit(levels); });
 }
 

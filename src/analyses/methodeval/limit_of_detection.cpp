@@ -3,155 +3,152 @@
 // SD of samples with little analyte.
 #include "analyses/methodeval/detection_limit.h"
 #include "analyses/methodeval/variance_components.h"
+#include "core/steps.h"
 #include "stats/percentile.h"
 #include "stats/resampling.h"
 
 namespace quorval::methodeval::detection {
 namespace {
 
-constexpr std::string_view kTooFew = " Sample size < 2: No analysis ";
-constexpr int kReplications = 200;
+// --- Input
 
-// --- Limit of blank
+struct LodInput {
+  ColumnSpan low_columns;
+  Column blank_column;
+  Sample blanks{};            // sorted
+  Single alpha{};             // percent
+  Real R{};                   // the rank of the LoB among the blanks
+  std::vector<Sample> low{};  // one low sample for each column
+  std::string_view beta{};    // percent
+  Single outlier_limit{};
 
-struct Blanks {
-  Column column;
-  Sample sorted{};
-  Single alpha{};  // percent
-  Real LoB{}, se{};
+  Real LastSample() const { return low.size() + 1; }  // the blanks are the first
 };
 
-Blanks EstimateLoB(Run& run) {
-  Blanks blanks{.column = ReadColumn(run, kBlankColumn)};
-  blanks.sorted = SortAscending(blanks.column.Numbers(run.notices));
-  const Real n = blanks.sorted.size();
-  if (n < 2) run.Refuse(kTooFew);
-  if (blanks.sorted.front() == blanks.sorted.back())
-    run.Refuse(" No dispersion in variables: No analysis ");
+void ReadBlanks(Run& run, LodInput& input) {
+  input.blanks = SortAscending(input.blank_column.Numbers(run.notices));
+  const Real n = input.blanks.size();
+  if (n < 2) run.Refuse(kFewerThanTwo);
+  RefuseWithoutDispersion(run, input.blanks);
   if (run.form.Blank(kAlpha)) run.Refuse("Type I error (alpha) not specified");
-  blanks.alpha = run.form.WholeNumber32(kAlpha);
-  const Real p = 100 - blanks.alpha;
-  const Real R = 0.5 + n * p / 100;
-  if (R < 1 || R > n) run.Refuse("Selected percentile as LoB too extreme at given sample size");
-  blanks.LoB = AtPosition(blanks.sorted, R);
-  blanks.se = BootstrapPositions(blanks.sorted, {&R, 1}, kReplications)[0].sd;
-  return blanks;
+  input.alpha = run.form.WholeNumber32(kAlpha);
+  const Real p = 100 - input.alpha;
+  input.R = 0.5 + n * p / 100;  // EP17-A: halfway between the ranks that enclose p percent
+  if (input.R < 1 || input.R > n)
+    run.Refuse("Selected percentile as LoB too extreme at given sample size");
 }
 
-// --- Low samples
-
-struct LowSamples {
-  ColumnSpan columns;
-  std::vector<Sample> values{};  // one sample for each column
-
-  int Count() const { return static_cast<int>(values.size()); }
-};
-
-LowSamples ReadLowSamples(Run& run, const ColumnSpan& columns) {
-  LowSamples samples{columns};
-  for (int column = columns.start; column <= columns.last; ++column) {
-    samples.values.push_back(ReadColumn(run, column).Numbers(run.notices));
-    if (samples.values.back().size() < 2) run.Refuse(kTooFew);
+LodInput ReadLod(Run& run) {
+  LodInput input{.low_columns = TakeColumns(run, kStartColumn, kLastColumn),
+                 .blank_column = ReadColumn(run, kBlankColumn)};
+  ReadBlanks(run, input);
+  for (int column = input.low_columns.start; column <= input.low_columns.last; ++column) {
+    input.low.push_back(ReadColumn(run, column).Numbers(run.notices));
+    if (input.low.back().size() < 2) run.Refuse(kFewerThanTwo);
   }
-  return samples;
+  input.beta = run.form.Text(kBeta);
+  input.outlier_limit = run.form.WholeNumber32(kOutlierLimit);
+  return input;
 }
+
+// --- Computation
 
 struct Outlier {
   int sample;  // 1 is the start column
   Real value;
 };
 
-// Those of each sample by itself; they are reported, and stay in the estimate.
-std::vector<Outlier> FindOutliers(Run& run, const LowSamples& samples) {
-  const Real limit = run.form.WholeNumber32(kOutlierLimit);
+struct LodResult {
+  Real LoB, LoB_SE;
+  PooledVariance low;
+  Real cbeta;
+  Real LoD, LoD_SE;
   std::vector<Outlier> outliers;
-  for (int sample = 1; const Sample& values : samples.values) {
-    const OutlierMarks marks = MarkOutliersBySD(run.messages, limit, values);
-    for (std::size_t i = 0; i < values.size(); ++i)
-      if (marks.flags[i]) outliers.push_back({sample, values[i]});
+};
+
+// Those of each sample by itself; they are reported, and stay in the estimate.
+std::vector<Outlier> FindOutliers(Messages& messages, const LodInput& input) {
+  std::vector<Outlier> outliers;
+  for (int sample = 1; const Sample& values : input.low) {
+    const OutlierMarks marks = MarkOutliersBySD(messages, input.outlier_limit, values);
+    for (std::size_t i : FirstMarked(marks, values.size())) outliers.push_back({sample, values[i]});
     ++sample;
   }
   return outliers;
 }
 
-// --- Limit of detection
+// The points of the Gaussian distribution above which 1 and 5 percent lie (2.3263 and 1.6449), to
+// the three decimals that the procedure works with.
+Real GaussianPoint(std::string_view beta) { return beta == "1" ? 2.327 : 1.645; }
 
-struct DetectionLimit {
-  Real cbeta;
-  Real LoD, se;
-};
-
-DetectionLimit EstimateLoD(const Blanks& blanks, const PooledVariance& low, Real z) {
-  const Real df = low.df;
-  const Real SD = low.SD();
-  DetectionLimit limit;
-  limit.cbeta = z / (1 - 1 / (4 * df));  // the mean of a sample SD is a little below sigma
-  limit.LoD = blanks.LoB + limit.cbeta * SD;
-  limit.se = Sqrt(Square(blanks.se) + Square(limit.cbeta) * Square(SD) / (2 * df));
-  return limit;
+LodResult ComputeLod(Messages& messages, const LodInput& input) {
+  // Enough for a standard error (Efron and Tibshirani, An Introduction to the Bootstrap, 1993,
+  // section 6.4).
+  constexpr int kReplications = 200;
+  LodResult result{};
+  result.LoB = AtPosition(input.blanks, input.R);
+  result.LoB_SE = BootstrapPositions(input.blanks, {&input.R, 1}, kReplications)[0].sd;
+  result.low = PoolWithin(input.low);
+  const Real df = result.low.df;
+  const Real SD = result.low.SD();
+  // The mean of a sample SD is a little below sigma: by about 1 part in 4 df.
+  result.cbeta = GaussianPoint(input.beta) / (1 - 1 / (4 * df));
+  result.LoD = result.LoB + result.cbeta * SD;
+  result.LoD_SE = Sqrt(Square(result.LoB_SE) + Square(result.cbeta) * Square(SD) / (2 * df));
+  result.outliers = FindOutliers(messages, input);
+  return result;
 }
 
-// The point of the Gaussian distribution above which beta percent lie.
-Real GaussianPoint(const Form& form) { return form.Is(kBeta, "1") ? 2.327 : 1.645; }
+// --- Report
 
-// --- The sheet and the plot
-
-void WriteSheet(Run& run, const Blanks& blanks, const LowSamples& samples,
-                const PooledVariance& low, const DetectionLimit& limit) {
-  ResultsSheet& sheet = run.sheet;
-  sheet.Clear();
+void ReportLod(ResultsSheet& sheet, const LodInput& input, const LodResult& result) {
+  constexpr Blank _;
   sheet.Row(2, Bold{" Limit of Detection with spec. type I and II errors"});
   sheet.Put(2, 6, "(CLSI EP17)");
-  sheet.Row(3, " Project: ", run.context.ProjectName);
-  sheet.Row(4, " Selected Col. for blanks:", blanks.column.number);
-  sheet.Row(5, "Analyte (blank):", blanks.column.header);
-  sheet.Row(6, "No of blank obs:", static_cast<int>(blanks.sorted.size()));
-  sheet.Row(7, "Type I error (alpha, % ):", Blank{}, Real(blanks.alpha));
-  sheet.Row(8, "Limit of blank (LoB):", Blank{}, blanks.LoB, "SE of LoB:", blanks.se);
-  sheet.Row(10, "Type II error (beta, %):", Blank{}, run.form.Text(kBeta));
-  sheet.Row(11, "Low sample(s) from cols:", Blank{}, samples.columns.start, samples.columns.last);
-  sheet.Row(13, "Pooled low sample SD:", Blank{}, low.SD(), "D. of freedom:", low.df);
-  sheet.Row(14, "cbeta:", Blank{}, limit.cbeta);
-  sheet.Row(15, "Limit of detection (LoD):", Blank{}, "LoB+cbeta x SD");
-  sheet.Row(16, "Limit of detection (LoD):", Blank{}, limit.LoD, "SE of LoD:", limit.se);
+  sheet.Row(3, " Project: ", sheet.ProjectName());
+  sheet.Row(4, kBlanksFrom(input.blank_column.number));
+  sheet.Row(5, "Analyte (blank):", input.blank_column.header);
+  sheet.Row(6, kBlankCount(static_cast<int>(input.blanks.size())));
+  sheet.Row(7, kAlphaUsed.caption, _, kAlphaUsed(Real(input.alpha)));
+  sheet.Row(8, kLoB.caption, _, kLoB(result.LoB), kLoBSE.caption, kLoBSE(result.LoB_SE));
+  sheet.Row(10, kBetaUsed.caption, _, kBetaUsed(input.beta));
+  sheet.Row(11, kLowColumns, _, kFirstLow(input.low_columns.start),
+            kLastLow(input.low_columns.last));
+  sheet.Row(13, kPooledSD.caption, _, kPooledSD(result.low.SD()), kPooledDf.caption,
+            kPooledDf(result.low.df));
+  sheet.Row(14, kCbeta.caption, _, kCbeta(result.cbeta));
+  sheet.Row(15, kLoD.caption, _, "LoB+cbeta x SD");
+  sheet.Row(16, kLoD.caption, _, kLoD(result.LoD), kLoDSE.caption, kLoDSE(result.LoD_SE));
+  if (result.outliers.empty()) return;
+  sheet.Row(17, "Outlier(s) in low sample");
+  const ResultsSheet::Listing listing(sheet, kOutlierList);
+  for (int row = 18; const Outlier& outlier : result.outliers)
+    sheet.Row(row++, "Outlier(s) in low sample no.:", _, outlier.sample, outlier.value);
 }
 
-void WriteOutliers(ResultsSheet& sheet, std::span<const Outlier> outliers) {
-  if (!outliers.empty()) sheet.Row(17, "Outlier(s) in low sample");
-  for (int row = 18; const Outlier& outlier : outliers)
-    sheet.Row(row++, "Outlier(s) in low sample no.:", Blank{}, outlier.sample, outlier.value);
-}
+// --- Plots
 
 // The blanks and each low sample as a column of dots, and the limit of detection across.
-void DrawDots(Run& run, const Blanks& blanks, const LowSamples& samples, Real LoD) {
+void DrawLod(Plots& plots, const LodInput& input, const LodResult& result) {
   Points blank_dots, low_dots;
-  for (Real value : blanks.sorted) blank_dots.push_back({1, value});
-  for (int x = 2; const Sample& values : samples.values) {
+  for (Real value : input.blanks) blank_dots.push_back({1, value});
+  for (int x = 2; const Sample& values : input.low) {
     for (Real value : values) low_dots.push_back({x, value});
     ++x;
   }
-  const Real end = samples.Count() + 2;
-  Plot& plot = run.AddPlot(kDotPlot, "Limit of detection");
+  const Real end = input.LastSample() + 1;
+  Plot& plot = AddPlot(plots, kByEp17Plots[0]);
   plot.label = "Blanks at 1, low samples from 2 on; line: limit of detection (LoD)";
-  plot.x = {.title = "Sample no.", .min = 0, .max = end};
-  plot.y.title = blanks.column.header;
+  plot.x.min = 0;
+  plot.x.max = end;
+  plot.y.title = input.blank_column.header;
   plot.AddPoints(std::move(blank_dots));
-  plot.AddLine({{0, LoD}, {end, LoD}}, Pattern::kDashed);
+  plot.AddLine({{0, result.LoD}, {end, result.LoD}}, Pattern::kDashed);
   plot.AddPoints(std::move(low_dots)).colour = kRed;
 }
 
 }  // namespace
 
-void RunByEp17(Run& run) {
-  const ColumnSpan columns = TakeColumns(run, kStartColumn, kLastColumn);
-  const Blanks blanks = EstimateLoB(run);
-  const LowSamples samples = ReadLowSamples(run, columns);
-  const PooledVariance low = PoolWithin(samples.values);
-  const DetectionLimit limit = EstimateLoD(blanks, low, GaussianPoint(run.form));
-  const std::vector<Outlier> outliers = FindOutliers(run, samples);
-  WriteSheet(run, blanks, samples, low, limit);
-  WriteOutliers(run.sheet, outliers);
-  DrawDots(run, blanks, samples, limit.LoD);
-}
+void RunByEp17(Run& run) { Steps<ReadLod, ComputeLod, ReportLod, DrawLod>(run); }
 
 }  // namespace quorval::methodeval::detection

@@ -1,4 +1,5 @@
-// The options of linearity evaluation, and its procedures.
+// The choice between the procedures for linearity, and what the record of the analysis needs of the
+// polynomial one (linearity_polynomial.cpp).
 #pragma once
 
 #include <array>
@@ -6,16 +7,6 @@
 #include "analyses/methodeval/method_evaluation.h"
 
 namespace quorval::methodeval::linearity {
-
-inline constexpr Field kStartColumn{.key = "start-column",
-                                    .caption = "Reading x and y values from column No. (Start):",
-                                    .demand = kDataColumn};
-inline constexpr Field kLastColumn{
-    .key = "last-column", .caption = "Column No. (Last):", .demand = kDataColumn};
-inline constexpr Field kOutlierLimit{.key = "outlier-limit",
-                                     .caption = "Outlier limit: No. of SD units:",
-                                     .initial = "4",
-                                     .demand = kPositiveLimit};
 
 inline constexpr std::array<Choice, 3> kProcedureChoices{
     {{"ols",
@@ -30,18 +21,7 @@ inline constexpr Field kProcedure{
 inline constexpr When kOlr{kProcedure.key, "ols"}, kWlr{kProcedure.key, "wls"},
     kPolynomial{kProcedure.key, "polynomial"};
 
-inline constexpr std::string_view kWeightingGroup = "Weighting:";
-inline constexpr Field kExponent{
-    .key = "weighting-exponent",
-    .group = kWeightingGroup,
-    .caption = "Weighting exponent (0 - 2; 2 corr. to proportional weighting)",
-    .initial = "2",
-    .enabled = {kWlr}};
-inline constexpr Field kTruncation{.key = "truncation-limit",
-                                   .group = kWeightingGroup,
-                                   .caption = "Truncation of weighting at lower limit:",
-                                   .initial = "0",
-                                   .enabled = {kWlr}};
+// --- Options of the polynomial
 
 inline constexpr std::array<Choice, 2> kDegrees{
     {{"2", "Second degree polynomial fit"}, {"3", "Third degree polynomial fit"}}};
@@ -72,7 +52,53 @@ inline constexpr Field kAbsoluteGoal{.key = "absolute-goal",
                                      .enabled = {kPolynomial, kByAmount},
                                      .beside = kByAmount};
 
-void RunLackOfFit(Run& run);
+// --- Rows of the polynomial
+
+inline constexpr Quantity kPooledSD = Captioned(quantity::kSDWithin, " Pooled SD:");
+inline constexpr Quantity kPooledCV{"cv.within", " Pooled CV%:", Unit::kPercent};
+inline constexpr std::array kCoefficients{Quantity{"b0", " b0:"}, Quantity{"b1", " b1:"},
+                                          Quantity{"b2", " b2:"}, Quantity{"b3", " b3:"}};
+inline constexpr Quantity kSDyx{"sd_yx", " SDy.x:", Unit::kMeasurand};
+inline constexpr Quantity kLastSE{"last_coefficient.se", " SE of last coef.:"};
+inline constexpr Quantity kLastT{"last_coefficient.t", " t value:"};
+inline constexpr Quantity kLastP{"last_coefficient.p", " P:"};
+inline constexpr std::array kLineCoefficients{Quantity{"intercept", " b0:", Unit::kMeasurand},
+                                              Quantity{"slope", " b1:"}};
+inline constexpr Quantity kLineSDyx{"line.sd_yx", " SDy.x:", Unit::kMeasurand};
+inline constexpr Quantity kGoalExceeded{"goal.percent",
+                                        " Maximum percent deviation exceeds user-set limit of ",
+                                        Unit::kPercent, Width::k32};
+inline constexpr Quantity kAbsoluteGoalExceeded{
+    "goal.absolute", " Estimated max. absolute deviation from linearity exceeds user-set limit of ",
+    Unit::kMeasurand, Width::k32};
+// The line's coefficients are those of the lack-of-fit test.
+inline constexpr auto kPolynomialQuantities = Joined(
+    std::array{kPooledSD, kPooledCV}, kCoefficients,
+    std::array{kSDyx, kLastSE, kLastT, kLastP, kLineSDyx, kGoalExceeded, kAbsoluteGoalExceeded});
+inline constexpr NamedTable kReplicates{"replicates", "Each level, its mean and its replicates"};
+inline constexpr NamedTable kRepeatability{
+    "repeatability", "Each level, its mean and the largest difference of its replicates"};
+inline constexpr NamedTable kDeviations{
+    "deviations", "Each level, its mean, the line, the polynomial and their difference"};
+
+// --- Plots of the polynomial
+
+inline constexpr PlotWindow kPolynomialPlots[] = {
+    {.window = "frmLinPolynPlot",
+     .caption = "Linearity: polynomial and line",
+     .x_title = "x values (dilutions)",
+     .y_title = "Actual measured means",
+     .bitmap = " Chart2D1.bmp",
+     .height = 350},
+    {.window = "frmLinPolynDifPlot",
+     .caption = "Linearity: deviations",
+     .x_title = "Measured mean values",
+     .y_title = "Difference",
+     .bitmap = " Chart2D1Res.bmp",
+     .height = 150},
+};
+inline constexpr PlotJob kPolynomialJobs[] = {{.pictures = kPolynomialPlots}};
+
 void RunPolynomial(Run& run);
 
 }  // namespace quorval::methodeval::linearity

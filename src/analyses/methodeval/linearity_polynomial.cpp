@@ -5,13 +5,12 @@
 
 #include "analyses/methodeval/linearity.h"
 #include "analyses/methodeval/polynomial_linearity.h"
+#include "core/steps.h"
 
 namespace quorval::methodeval::linearity {
 namespace {
 
-constexpr int kCurvePoints = 100;
-
-// --- The goal
+// --- Input
 
 struct Goal {
   bool percent;
@@ -24,13 +23,41 @@ struct Goal {
   }
 };
 
-Goal ReadGoal(const Form& form) {
-  const bool percent = form.Holds(kByPercent);
-  return {percent, form.WholeNumber32(percent ? kPercentGoal : kAbsoluteGoal)};
+struct PolynomialInput {
+  DilutionSeries series;
+  Goal goal;
+  int degree;
+};
+
+PolynomialInput ReadPolynomial(Run& run) {
+  DilutionSeries series = ReadDilutionSeries(run);
+  const bool percent = run.form.Holds(kByPercent);
+  const Goal goal{percent, run.form.WholeNumber32(percent ? kPercentGoal : kAbsoluteGoal)};
+  return {.series = std::move(series), .goal = goal, .degree = run.form.Column(kDegree)};
 }
 
-// --- The sheet: sections with an empty row before each
+// --- Computation
 
+struct PolynomialResult {
+  Repeatability repeatability;
+  PolynomialLinearity linearity;
+  bool exceeds_goal;
+};
+
+PolynomialResult ComputePolynomial(Messages& messages, const PolynomialInput& input) {
+  const std::vector<DilutionLevel>& levels = input.series.levels;
+  PolynomialResult result{.repeatability = EvaluateRepeatability(levels),
+                          .linearity = EvaluatePolynomial(messages, levels, input.degree),
+                          .exceeds_goal = false};
+  result.exceeds_goal = std::ranges::any_of(
+      result.linearity.deviations,
+      [&](const Deviation& deviation) { return input.goal.Exceeds(deviation); });
+  return result;
+}
+
+// --- Report
+
+// Sections with an empty row before each.
 class Sections {
  public:
   Sections(ResultsSheet& sheet, int first_row) : sheet_(sheet), row_(first_row - 1) {}
@@ -48,6 +75,7 @@ class Sections {
     if (value) sheet_.Put(row_, column, *value);
   }
   void Next() { ++row_; }
+  ResultsSheet::Listing List(const NamedTable& table) { return {sheet_, table}; }
 
  private:
   ResultsSheet& sheet_;
@@ -57,6 +85,7 @@ class Sections {
 void WriteDescription(Sections& rows, const DilutionSeries& series) {
   rows.Row("  Descriptive data");
   rows.Row("x level (dilution)", "Measured mean", Blank{}, "y replicates ");
+  const auto listing = rows.List(kReplicates);
   for (const DilutionLevel& level : series.levels) {
     rows.Row(level.x, level.mean);
     for (int column = 4; Real y : level.y) rows.Put(column++, y);
@@ -67,17 +96,18 @@ void WriteRepeatability(Sections& rows, const DilutionSeries& series, const Repe
   rows.Row("Repeatability data");
   rows.Row("x level (dilution)", "Measured mean", "Difference (max)", "%Difference (max)");
   for (std::size_t j = 0; j < series.levels.size(); ++j) {
+    const auto listing = rows.List(kRepeatability);
     rows.Row(series.levels[j].x, series.levels[j].mean, r.differences[j]);
     rows.Put(4, r.percent[j]);
   }
-  rows.Row(" Pooled SD:", r.pooled_SD);
-  if (r.pooled_CV) rows.Row(" Pooled CV%:", *r.pooled_CV);
+  rows.Row(kPooledSD(r.pooled_SD));
+  if (r.pooled_CV) rows.Row(kPooledCV(*r.pooled_CV));
 }
 
-void WriteCoefficients(Sections& rows, const Curve& curve) {
-  constexpr std::array<std::string_view, 4> kLabels{" b0:", " b1:", " b2:", " b3:"};
-  for (std::size_t i = 0; i < curve.fit.b.size(); ++i) rows.Row(kLabels[i], curve.fit.b[i]);
-  rows.Row(" SDy.x:", curve.SDyx());
+void WriteCoefficients(Sections& rows, const Curve& curve, std::span<const Quantity> coefficients,
+                       const Quantity& SDyx) {
+  for (std::size_t i = 0; i < curve.fit.b.size(); ++i) rows.Row(coefficients[i](curve.fit.b[i]));
+  rows.Row(SDyx(curve.SDyx()));
 }
 
 void WriteFits(Sections& rows, const PolynomialLinearity& result) {
@@ -85,14 +115,15 @@ void WriteFits(Sections& rows, const PolynomialLinearity& result) {
   rows.Row(result.polynomial.sums.k == 3
                ? " Polynomial coefficients for 3. degree polynomium and residual SD (SDy.x)"
                : " Polynomial coefficients for 2. degree polynomium and residual SD (SDy.x)");
-  WriteCoefficients(rows, result.polynomial);
+  WriteCoefficients(rows, result.polynomial, kCoefficients, kSDyx);
   rows.Next();
   rows.Row(" t-test of last coefficient against zero:");
-  rows.Row(" SE of last coef.:", result.last.SE, " t value:", result.last.t, " P:", result.last.P);
+  rows.Row(kLastSE(result.last.SE), kLastT.caption, kLastT(result.last.t), kLastP.caption,
+           kLastP(result.last.P));
   rows.Next();
   rows.Row(" Linear regression (1.order) data:");
   rows.Row(" Coefficients and residual SD (SDy.x):");
-  WriteCoefficients(rows, result.line);
+  WriteCoefficients(rows, result.line, kLineCoefficients, kLineSDyx);
 }
 
 void WriteDeviations(Sections& rows, const DilutionSeries& series,
@@ -100,6 +131,7 @@ void WriteDeviations(Sections& rows, const DilutionSeries& series,
   rows.Row(" Estimated deviations from linearity ");
   rows.Row("x level ", "Measured mean  ", "Predic. 1.ord. ", "Predic. Polyn. ", "Difference ",
            "%Dif ");
+  const auto listing = rows.List(kDeviations);
   for (std::size_t j = 0; j < series.levels.size(); ++j) {
     const Deviation& deviation = result.deviations[j];
     rows.Row(series.levels[j].x, series.levels[j].mean, deviation.line, deviation.polynomial,
@@ -108,87 +140,71 @@ void WriteDeviations(Sections& rows, const DilutionSeries& series,
   }
 }
 
-void WriteGoal(Sections& rows, const Goal& goal, const PolynomialLinearity& result) {
-  const bool exceeds = std::ranges::any_of(
-      result.deviations, [&](const Deviation& deviation) { return goal.Exceeds(deviation); });
+void WriteGoal(Sections& rows, const Goal& goal, bool exceeds) {
   const Real limit = goal.limit;
   if (goal.percent) {
-    rows.Row(exceeds ? " Maximum percent deviation exceeds user-set limit of "
+    rows.Row(exceeds ? kGoalExceeded.caption
                      : " Maximum percent deviation not exceeding user-set limit of ",
-             limit, " percent ");
+             kGoalExceeded(limit), " percent ");
   } else {
-    rows.Row(exceeds
-                 ? " Estimated max. absolute deviation from linearity exceeds user-set limit of "
-                 : " Estimated max. absolute deviation from linearity not exceeding user-set "
-                   "limit of",
-             limit);
+    rows.Row(exceeds ? kAbsoluteGoalExceeded.caption
+                     : " Estimated max. absolute deviation from linearity not exceeding user-set "
+                       "limit of",
+             kAbsoluteGoalExceeded(limit));
   }
 }
 
-void WriteSheet(Run& run, const DilutionSeries& series, const Repeatability& repeatability,
-                const PolynomialLinearity& result, const Goal& goal) {
-  run.sheet.Clear();
-  Sections rows(run.sheet, 2);
+void ReportPolynomial(ResultsSheet& sheet, const PolynomialInput& input,
+                      const PolynomialResult& result) {
+  Sections rows(sheet, 2);
   rows.Row(Bold{"  Linearity evaluation using polynomial regression"});
   rows.Row("  (According to the principles of the NCCLS EP6-A 2003 Guideline)");
-  rows.Row("  Project: ", run.context.ProjectName);
+  rows.Row("  Project: ", sheet.ProjectName());
   rows.Next();
-  WriteDescription(rows, series);
+  WriteDescription(rows, input.series);
   rows.Next();
-  WriteRepeatability(rows, series, repeatability);
+  WriteRepeatability(rows, input.series, result.repeatability);
   rows.Next();
-  WriteFits(rows, result);
+  WriteFits(rows, result.linearity);
   rows.Next();
-  WriteDeviations(rows, series, result);
+  WriteDeviations(rows, input.series, result.linearity);
   rows.Next();
-  WriteGoal(rows, goal, result);
+  WriteGoal(rows, input.goal, result.exceeds_goal);
 }
 
-// --- The plots
+// --- Plots
 
-void DrawFits(Run& run, const DilutionSeries& series, const PolynomialLinearity& result) {
+void DrawFits(Plot& plot, const DilutionSeries& series, const PolynomialLinearity& result) {
   const Real first = series.levels.front().x, last = series.levels.back().x;
-  Points means, curve;
+  Points means;
   for (const DilutionLevel& level : series.levels) means.push_back({level.x, level.mean});
-  for (int i = 0; i < kCurvePoints; ++i) {
-    const Real x = first + i * (last - first) / (kCurvePoints - 1);
-    curve.push_back({x, result.polynomial.fit.At(x)});
-  }
-  Plot& plot = run.AddPlot("frmLinPolynPlot", "Linearity: polynomial and line");
   plot.label = "Solid curve: Polynomial fit; Red dashed line: Linear regression fit";
-  plot.x.title = "x values (dilutions)";
-  plot.y.title = "Actual measured means";
   plot.AddPoints(std::move(means));
-  plot.AddLine(std::move(curve));
+  plot.AddLine(quorval::Curve(first, last, [&](Real x) { return result.polynomial.fit.At(x); }));
   plot.AddLine({{first, result.line.fit.At(first)}, {last, result.line.fit.At(last)}},
                Pattern::kDashed)
       .colour = kRed;
 }
 
-void DrawDeviations(Run& run, const DilutionSeries& series, const PolynomialLinearity& result) {
+void DrawDeviations(Plot& plot, const DilutionSeries& series, const PolynomialLinearity& result) {
   Points points;
   for (std::size_t j = 0; j < series.levels.size(); ++j)
     points.push_back({series.levels[j].mean, result.deviations[j].D});
   const auto [lowest, highest] = std::ranges::minmax(points, {}, &Point::x);
-  Plot& plot = run.AddPlot("frmLinPolynDifPlot", "Linearity: deviations");
-  plot.x.title = "Measured mean values";
-  plot.y.title = "Difference";
   Points zero_line{{lowest.x, 0}, {highest.x, 0}};
   plot.AddPoints(std::move(points));
   plot.AddLine(std::move(zero_line));
 }
 
+void DrawPolynomial(Plots& plots, const PolynomialInput& input, const PolynomialResult& result) {
+  DrawFits(AddPlot(plots, kPolynomialPlots[0]), input.series, result.linearity);
+  DrawDeviations(AddPlot(plots, kPolynomialPlots[1]), input.series, result.linearity);
+}
+
 }  // namespace
 
 void RunPolynomial(Run& run) {
-  const DilutionSeries series = ReadDilutionSeries(run, kStartColumn, kLastColumn);
-  const Goal goal = ReadGoal(run.form);
-  const Repeatability repeatability = EvaluateRepeatability(series.levels);
-  const PolynomialLinearity result =
-      EvaluatePolynomial(run, series.levels, run.form.Column(kDegree));
-  WriteSheet(run, series, repeatability, result, goal);
-  DrawFits(run, series, result);
-  DrawDeviations(run, series, result);
+  Steps<ReadPolynomial, ComputePolynomial, ReportPolynomial, DrawPolynomial>(run);
 }
 
 }  // namespace quorval::methodeval::linearity

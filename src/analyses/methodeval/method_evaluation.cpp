@@ -2,6 +2,11 @@
 
 namespace quorval::methodeval {
 
+void RefuseWithoutDispersion(const Run& run, std::span<const Real> values) {
+  const Range range = RangeOf(values);
+  if (range.max == range.min) run.Refuse(" No dispersion in variables: No analysis ");
+}
+
 std::optional<Real> PercentOf(Real part, Real whole) {
   if (whole == 0) return std::nullopt;
   return 100 * part / whole;

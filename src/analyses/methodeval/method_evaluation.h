@@ -7,6 +7,7 @@
 
 #include "analyses/colours.h"
 #include "analyses/column_options.h"
+#include "analyses/quantities.h"
 #include "core/analysis.h"
 #include "core/intake.h"
 #include "stats/primitives.h"
@@ -30,10 +31,30 @@ constexpr FileMenu MenuWith(std::string_view back, std::string_view print_plots 
           .print_plots = print_plots};
 }
 
+// A failed run leaves no window.
+constexpr FailurePolicy ClosingWith(std::string_view fault) {
+  return {.fault = fault, .aftermath = Aftermath::kWindowCloses};
+}
+
 // --- Columns
 
-// Of a column without values.
+// What is told of a column without values, and of one that has no SD.
 inline constexpr std::string_view kNoValues = " Sample size < 1: No analysis ";
+inline constexpr std::string_view kFewerThanTwo = " Sample size < 2: No analysis ";
+
+void RefuseWithoutDispersion(const Run& run, std::span<const Real> values);
+
+// --- Rows of the sheets
+
+namespace quantity {
+using namespace quorval::quantity;
+// Pooled over groups of replicates, such as runs, samples or levels.
+inline constexpr Quantity kSDWithin{.name = "sd.within", .caption = {}, .unit = Unit::kMeasurand};
+inline constexpr Quantity kLevels{.name = "levels", .caption = {}, .width = Width::kWhole};
+}  // namespace quantity
+
+inline constexpr NamedTable kOutlierList{"outlier_list", "The outliers"};
+inline constexpr NamedTable kOutlierColumns{"outlier_columns", "The columns that hold outliers"};
 
 // --- Percentages
 

@@ -41,7 +41,8 @@ Curve FitCurve(const Pairs& pairs, int degree) {
   return {std::move(fit), sums};
 }
 
-// In an exactly linear series rounding must not decide whether the test is made.
+// In an exactly linear series rounding must not decide whether the test is made: some ten thousand
+// roundings of a double are negligible.
 constexpr double kRounding = 1e-12;
 
 LastCoefficient TestLast(Messages& messages, const Pairs& pairs, const Curve& curve) {
@@ -71,14 +72,14 @@ Repeatability EvaluateRepeatability(std::span<const DilutionLevel> levels) {
   return r;
 }
 
-PolynomialLinearity EvaluatePolynomial(const Run& run, std::span<const DilutionLevel> levels,
+PolynomialLinearity EvaluatePolynomial(Messages& messages, std::span<const DilutionLevel> levels,
                                        int g) {
   const Pairs pairs = SinglePairs(levels);
   if (g + 1 > static_cast<int>(pairs.x.size()))
-    run.Refuse("Degree of polynomium is higher than sample size minus one: No analysis");
+    Refuse(messages, "Degree of polynomium is higher than sample size minus one: No analysis");
   PolynomialLinearity result{
       .polynomial = FitCurve(pairs, g), .line = FitCurve(pairs, 1), .last = {}, .deviations = {}};
-  result.last = TestLast(run.messages, pairs, result.polynomial);
+  result.last = TestLast(messages, pairs, result.polynomial);
   for (const DilutionLevel& level : levels) {
     const Real P = result.polynomial.fit.At(level.x);
     const Real L = result.line.fit.At(level.x);

@@ -47,7 +47,7 @@ struct PolynomialLinearity {
 
 // Degree g, 2 or 3.  Refused above the number of pairs less one; a Fault where the levels have too
 // few different x.
-PolynomialLinearity EvaluatePolynomial(const Run& run, std::span<const DilutionLevel> levels,
+PolynomialLinearity EvaluatePolynomial(Messages& messages, std::span<const DilutionLevel> levels,
                                        int g);
 
 }  // namespace quorval::methodeval::linearity

@@ -59,7 +59,8 @@ struct RawData {
   std::vector<int> outlier_columns{};  // those that hold a marked value
 };
 
-// A level of a single value stands with an SD of 0 after the words of what it lacks.
+// A level is measured before the next column is read: its boxes come before what the next is
+// refused for.  A level of a single value stands with an SD of 0 after the words of what it lacks.
 RawData ReadRawData(Run& run, const Layout& layout);
 
 // --- Pairs

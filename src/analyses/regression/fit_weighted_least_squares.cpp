@@ -8,9 +8,8 @@ std::optional<WeightedLineFit> FitWeightedLeastSquares(std::span<const Real> x,
   WeightedLineFit fit;
   Real sum_x, sum_y;
   for (std::size_t i = 0; i < x.size(); ++i) {
-    const Real u = x[i] < weighting.T ? Real(weighting.T) : x[i];
-    if (x[i] < 0 || u == 0) return std::nullopt;
-    const Real w = fit.w.emplace_back(weighting.At(u));
+    if (x[i] < 0 || weighting.Truncated(x[i]) == 0) return std::nullopt;
+    const Real w = fit.w.emplace_back(weighting.At(x[i]));
     fit.Sw += w;
     sum_x += w * x[i];
     sum_y += w * y[i];

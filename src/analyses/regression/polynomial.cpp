@@ -285,14 +285,8 @@ void DrawPolynomial(Plots& plots, const PolynomialInput& input, const Polynomial
   Plot& regression = AddPlot(plots, kPlots[0]);
   DrawMarked(regression, input.x, input.y, result.outliers);
   const auto add_curve = [&](Real above) {
-    constexpr int kCurvePoints = 100;
     const auto& [min, max] = RangeOf(input.x);
-    Points curve;
-    for (int i = 0; i < kCurvePoints; ++i) {
-      const Real x = min + i * (max - min) / (kCurvePoints - 1);
-      curve.push_back({x, result.polynomial.At(x) + above});
-    }
-    regression.AddLine(std::move(curve));
+    regression.AddLine(Curve(min, max, [&](Real x) { return result.polynomial.At(x) + above; }));
   };
   add_curve(0);
   if (input.show_limits) {

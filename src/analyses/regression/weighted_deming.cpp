@@ -59,10 +59,10 @@ struct WeightedDemingInput : DemingInput {
 void RefuseNegativeOrZero(const Run& run, const Pairs& data) {
   const bool other_words = run.repeated != nullptr && IsDuplicate(run.form);
   for (const Sample& values : data.measured)
-    regression::RefuseNegativeOrZero(run, values,
-                                     other_words
-                                         ? " Negative numbers: No regression analysis "
-                                         : " Negative or zero numbers: No regression analysis ");
+    quorval::RefuseNegativeOrZero(run, values,
+                                  other_words
+                                      ? " Negative numbers: No regression analysis "
+                                      : " Negative or zero numbers: No regression analysis ");
 }
 
 WeightedDemingInput ReadWeightedDeming(Run& run) {

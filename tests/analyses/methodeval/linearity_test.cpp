@@ -349,12 +349,7 @@ TEST(Linearity, GuardsItsRoutines) {
   RecordedMessages messages;
   const std::vector<methodeval::linearity::DilutionLevel> two{{1, {1, 2}, 1.5}, {2, {2, 3}, 2.5}};
   EXPECT_THROW(methodeval::linearity::FitLine(messages, two), Failure);
-  const Form form(*kLinearity.dialog);
-  const Worksheet worksheet;
-  const Context context;
-  ResultsSheet sheet(context);
-  const quorval::Run run{form, worksheet, context, messages, sheet};
-  EXPECT_THROW(methodeval::linearity::EvaluatePolynomial(run, two, 4), Refusal);
+  EXPECT_THROW(methodeval::linearity::EvaluatePolynomial(messages, two, 4), Refusal);
   EXPECT_THAT(
       messages.boxes,
       ElementsAre("Less than three x levels: OLR not performed!",
