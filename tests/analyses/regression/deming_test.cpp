@@ -117,6 +117,13 @@ TEST(Deming, Refuses) {
                     {"2", "2", "4", "3"}},
                    duplicate,
                    {not_computed}},
+           Refused{"y1 equal to y2",  // no ratio to be estimated
+                   {{"1", "2", "3", "4"},
+                    {"2", "2", "3", "5"},
+                    {"1", "2", "4", "3"},
+                    {"1", "2", "4", "3"}},
+                   duplicate,
+                   {not_computed}},
            Refused{"one unequal pair of y",
                    {{"1", "2", "3", "4"},
                     {"2", "2", "3", "5"},
@@ -134,6 +141,14 @@ TEST(Deming, Refuses) {
   EXPECT_EQ(
       RunAnalysis(kDeming, DuplicateSet(), {{"mode", "duplicate"}, {"sd-ratio", "0"}}).outcome,
       Outcome::kDone);
+}
+
+// Points symmetrical about y = x, which is their line, and one upon it.
+TEST(Deming, KeepsTheSignOfADistanceOfZero) {
+  const Transcript told = RunAnalysis(
+      kDeming, {{"1", "2", "5", "6", "9"}, {"2", "1", "6", "5", "9"}}, {{"show-residuals", "on"}});
+  EXPECT_EQ(told.Value(62, 5), 0);
+  EXPECT_FALSE(std::signbit(told.Value(62, 5)));
 }
 
 // --- The fits without a row each, against fits of the other rows

@@ -22,6 +22,9 @@ TEST(WeightedDeming, ComputesItsNumbers) {
                "weighted-deming duplicate power 1.5 truncated",
                DuplicateSet(),
                {{"mode", "duplicate"}, {"weighting-exponent", "1.5"}, {"truncation-limit", "7"}}},
+           ComputedCase{"weighted-deming tenth step",  // the last that is taken
+                        {{"1", "4", "5", "5", "7", "12"}, {"3", "1", "8", "8", "9", "8"}},
+                        {}},
        })
     ExpectComputed(kWeightedDeming, computed, 1e-10);
 }
@@ -72,6 +75,10 @@ TEST(WeightedDeming, Refuses) {
                    {" n < 4: No regression analysis"}},
            Refused{"a place on the line that is not positive",
                    {{"1", "2", "3", "4"}, {"8", "4", "0.1", "0.1"}},
+                   {},
+                   {no_convergence}},
+           Refused{"an eleventh step",
+                   {{"4", "5", "5", "9", "10"}, {"6", "2", "9", "5", "10"}},
                    {},
                    {no_convergence}},
            Refused{
