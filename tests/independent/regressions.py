@@ -1,8 +1,10 @@
 """Expected numbers of the weighted, Deming, weighted Deming and Passing-Bablok tests.
 
 Written from the formulas, with plain loops and numpy.float32 where a step is 32 bits wide.  Prints
-tests/data/regressions.csv: the numbers of the results sheets, row by row; what else the tests
-expect goes to standard error.
+the numbers of the results sheets, row by row; what else the tests expect goes to standard error.
+
+    (python3 regressions.py; python3 polynomial.py; python3 ordinary_least_squares.py cells) \
+        > ../data/regressions.csv
 """
 
 import math
