@@ -30,10 +30,4 @@ struct ClassOptions {
   HistogramClasses Of(const Description& values, Real N) const;
 };
 
-// The same at once.
-inline HistogramClasses ChooseClasses(const Form& form, const Field& choice, const Field& count,
-                                      const Description& values, Real N) {
-  return ClassOptions{form, choice, count}.Of(values, N);
-}
-
 }  // namespace quorval

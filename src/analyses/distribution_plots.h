@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "core/run.h"
+#include "core/messages.h"
 #include "stats/histogram.h"
 
 namespace quorval {
@@ -18,9 +18,6 @@ inline constexpr std::string_view kCumulativeFault =
 
 inline constexpr std::string_view kRelativeFrequency = "Rel. Frequency";
 inline constexpr std::string_view kCumulativeFrequency = "Cum. Frequency";
-
-Plot& AddTitledPlot(Run& run, std::string_view window, std::string_view caption,
-                    std::string_view x_title, std::string_view y_title);
 
 // Bars of the numbers in the classes over `divisor`.
 void AddBars(Plot& plot, const HistogramClasses& classes, std::span<const Real> values,

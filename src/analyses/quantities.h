@@ -14,6 +14,10 @@ inline constexpr Quantity kMean{"mean", "  Mean: ", Unit::kMeasurand};
 inline constexpr Quantity kMeanSe{"mean.se", "  SEM: ", Unit::kMeasurand};
 inline constexpr Quantity kSd{"sd", "  SD: ", Unit::kMeasurand};
 inline constexpr Quantity kCv{.name = "cv", .caption = {}, .unit = Unit::kPercent};
+inline constexpr Quantity kSkewness{"skewness", "  Skewness: "};
+inline constexpr Quantity kKurtosis{"kurtosis", "  Kurtosis: "};
+// Of the test of normality, where its P is a number and no class.
+inline constexpr Quantity kNormalityP{"normality.p", "  P "};
 inline constexpr Quantity kOutliers{
     .name = "outliers", .caption = "  Number of outliers identified", .width = Width::kWhole};
 inline constexpr Quantity kOutlierLimit{

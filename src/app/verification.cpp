@@ -58,23 +58,6 @@ void SetFields(const std::string& settings, Form& form) {
   for (std::string word; words >> word;) SetField(word, form);
 }
 
-std::string_view Trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == text.npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-// The n-th number of the first row that begins with this text.
-std::optional<double> NumberOf(const Grid& sheet, std::string_view label, int n) {
-  for (int row = 1; row <= sheet.DataRowCnt(); ++row) {
-    if (Trimmed(sheet.Text(1, row)) != label) continue;
-    for (int column = 2; column <= sheet.DataColCnt(); ++column)
-      if (const auto& value = sheet.At(column, row).value; value && --n == 0) return value;
-    return std::nullopt;
-  }
-  return std::nullopt;
-}
-
 // One row of runs.csv: the analysis from its dialog to its results window, as a user runs it.
 class VerificationRun {
  public:
@@ -101,8 +84,7 @@ class VerificationRun {
     for (const MessageBox& box : platform_.boxes())
       result.messages += (result.messages.empty() ? "" : " ") + box.text;
     if (outcome_ == Outcome::kDone)
-      result.computed = NumberOf(open_->results->sheet.grid(), results.At(row, "row"),
-                                 std::stoi(results.At(row, "number")));
+      result.computed = open_->results->sheet.ValueOf(results.At(row, "name"));
     if (result.computed) result.digits = DigitsOfAgreement(result.published, *result.computed);
     return result;
   }

@@ -4,11 +4,11 @@
 #include <utility>
 
 #include "app/note_page.h"
+#include "app/rejection_notice.h"
 #include "app/results_files.h"
 #include "app/wait_pointer.h"
 #include "results/picture_file.h"
 #include "results/print.h"
-#include "results/rejection_notice.h"
 
 namespace quorval {
 namespace {

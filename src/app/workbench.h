@@ -25,6 +25,7 @@ class Workbench {
   Workbench(const Workbench&) = delete;
   Workbench& operator=(const Workbench&) = delete;
 
+  Platform& platform() { return platform_; }
   Project& project() { return project_; }
   const Project& project() const { return project_; }
   Worksheet& worksheet() { return project_.worksheet(); }

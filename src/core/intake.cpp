@@ -150,8 +150,7 @@ PairColumns ReadPairColumns(Run& run, std::size_t count) {
 
 [[noreturn]] void FailForUnequalColumns(Run& run, std::span<const Column> columns) {
   NoteLengths(run.notices, LengthsOf(columns));
-  run.messages.Tell("Unequal number of observations in columns: No analysis");
-  throw Failure{};
+  Fail(run.messages, "Unequal number of observations in columns: No analysis");
 }
 
 }  // namespace
@@ -228,10 +227,8 @@ Real FirstNumber(Run& run, int column) {
 inline namespace MCregaM3 {
 
 Column ReadColumn(Messages& messages, Notices& notices, const Worksheet& worksheet, int column) {
-  if (column <= 0 || column > Worksheet::kColumns) {
-    messages.Tell("Selected column number should be positive integer =< 30!");
-    throw Failure{};
-  }
+  if (column <= 0 || column > Worksheet::kColumns)
+    Fail(messages, "Selected column number should be positive integer =< 30!");
   return WalkColumn(notices, worksheet, column);
 }
 

@@ -68,7 +68,7 @@ struct RedrawnLines {
 // What an analysis declares of a plot window.
 struct PlotWindow {
   std::string_view window;
-  std::string_view caption;
+  std::string_view caption;               // empty: as the options say
   std::string_view x_title{}, y_title{};  // empty: as the data say, or none
   std::string_view bitmap{};              // its file in the program folder, the leading blank kept
   double height = 0;                      // of its picture on a printed page, in points

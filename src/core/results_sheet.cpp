@@ -23,6 +23,12 @@ void ResultsSheet::Frame(std::string_view title, DateBeside date) {
   Put(static_cast<int>(date), 3, "  Date: ");
 }
 
+std::optional<double> ResultsSheet::ValueOf(std::string_view quantity) const {
+  const auto found = std::ranges::find(
+      quantities_, quantity, [](const GivenQuantity& given) { return given.quantity.name; });
+  return found == quantities_.end() ? std::nullopt : std::optional(found->value);
+}
+
 void ResultsSheet::Replace(int row, int column, Cell cell) {
   if (row > kRows || column > kColumns) Raise(Fault::Kind::kOutOfRange);
   grid_.Put(column, row, std::move(cell));

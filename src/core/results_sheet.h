@@ -116,6 +116,8 @@ class ResultsSheet {
 
   // In the order in which they were written.
   std::span<const GivenQuantity> quantities() const { return quantities_; }
+  // None where no row gave it.
+  std::optional<double> ValueOf(std::string_view quantity) const;
   std::span<const GivenTable> tables() const { return tables_; }
 
  private:

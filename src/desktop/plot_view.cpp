@@ -16,7 +16,6 @@
 #include "core/conversion.h"
 #include "core/file_name.h"
 #include "desktop/file_dialog.h"
-#include "desktop/message_box.h"
 #include "desktop/mnemonics.h"
 #include "painting/cell_text.h"
 #include "painting/chart.h"
@@ -177,7 +176,7 @@ void PlotView::AskSavePicture() {
                                      "PDF document (*.pdf)|*.pdf"},
                          .proposed_name = FileNameOf(FromQt(windowTitle().trimmed()))});
   if (path && !SavePicture(*path))
-    ShowBox(this, {.text = "The picture could not be saved.", .title = title});
+    workbench_.platform().Show({.text = "The picture could not be saved.", .title = title});
 }
 
 void PlotView::ResetView() {
@@ -194,7 +193,7 @@ void PlotView::RedrawLines() {
     const QCPRange x = chart_->xAxis->range();
     plot->RedrawLines(x.lower, x.upper);
   } catch (const Fault&) {
-    ShowBox(this, {.text = "Error", .title = FromQt(windowTitle())});
+    workbench_.platform().Show({.text = "Error", .title = FromQt(windowTitle())});
     return;
   }
   KeepView();  // the longer lines do not move the axes

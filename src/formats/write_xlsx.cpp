@@ -4,7 +4,7 @@
 #include "formats/exported_cell.h"
 #include "formats/xlsx.h"
 #include "formats/xlsx_text.h"
-#include "formats/xml.h"
+#include "formats/xml_text.h"
 #include "formats/zip.h"
 
 namespace quorval {

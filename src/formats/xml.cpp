@@ -1,11 +1,8 @@
 #include "formats/xml.h"
 
-#include <utf8.h>
-
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <iterator>
 #include <system_error>
 
 namespace quorval::xml {
@@ -44,32 +41,6 @@ void RefuseBadReferences(std::string_view text) {
     const std::size_t begin = std::max(checked, text.rfind('<', at) + 1);
     checked = std::min(text.find('<', at), text.size());
     if (checked - begin > limits::kLongestText) RefuseLongText();
-  }
-}
-
-void AppendEscaped(std::string& xml, std::string_view text) {
-  std::string valid;
-  if (!utf8::is_valid(text.begin(), text.end())) {
-    utf8::replace_invalid(text.begin(), text.end(), std::back_inserter(valid));
-    text = valid;
-  }
-  for (char c : text) {
-    switch (c) {
-      case '<':
-        xml += "&lt;";
-        break;
-      case '>':
-        xml += "&gt;";
-        break;
-      case '&':
-        xml += "&amp;";
-        break;
-      case '"':
-        xml += "&quot;";
-        break;
-      default:
-        xml += c;
-    }
   }
 }
 

@@ -1,4 +1,4 @@
-// Reading the elements of an XML text, and the text to write into one.
+// Reading the elements of an XML text.
 #pragma once
 
 #include <deque>
@@ -99,8 +99,5 @@ void Parse(std::string text, Reader& reader, Budget& budget) {
     if (!handler.Whole()) throw FileError("the workbook is damaged");
   }
 }
-
-// As characters of an element or of an attribute in double quotes.
-void AppendEscaped(std::string& xml, std::string_view text);
 
 }  // namespace quorval::xml

@@ -10,7 +10,9 @@
 namespace quorval {
 namespace {
 
-// From lo to below hi P falls from p0 by dp.
+// From lo to below hi P falls from p0 by dp.  The points from 0.576 on are those of Stephens, J Am
+// Stat Assoc 1974;69:730-737, whose correction for N belongs to them; the two below are this
+// procedure's own.
 struct Band {
   double lo, hi, p0, dp;
 };

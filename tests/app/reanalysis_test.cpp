@@ -5,7 +5,7 @@
 #include "analyses/registry.h"
 #include "analyses/regression/regression_data.h"
 #include "app/workbench.h"
-#include "results/rejection_notice.h"
+#include "app/rejection_notice.h"
 #include "support/scripted_platform.h"
 #include "support/temporary_folder.h"
 

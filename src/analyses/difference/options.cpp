@@ -68,7 +68,7 @@ constexpr Field kShowData{.key = "show-data",
                           .initial = "off"};
 constexpr Field kSupplButton{.kind = FieldKind::kButton,
                              .caption = "Suppl. options",
-                             .enabled = {kSingle},
+                             .enabled = {kSingleMode},
                              .opens = &frmBASupplOpt};
 
 constexpr Demand kColumn = kWorksheetColumn.RefusedWith("Incompatible column selection(s)");
@@ -116,18 +116,14 @@ Options ReadOptions(const Form& form) {
           .show_data = form.On(kShowData)};
 }
 
-std::optional<UserLimits> ReadUserLimits(const Form& form) {
+UserLimits ReadUserLimits(const Form& form) {
   const auto number = [&](const Field& field) { return form.WholeNumber32(field); };
-  if (form.Is(kLimits, "a"))
-    return UserLimits{.kind = LimitKind::kConstant, .constant = number(kAConstant)};
-  if (form.Is(kLimits, "b"))
-    return UserLimits{.kind = LimitKind::kPercentage, .percent = number(kBPercent)};
-  if (form.Is(kLimits, "c"))
-    return UserLimits{.kind = LimitKind::kConstantThenPercentage,
-                      .constant = number(kCConstant),
-                      .division = number(kCDivision),
-                      .percent = number(kCPercent)};
-  return std::nullopt;
+  if (form.Is(kLimits, "a")) return {.kind = LimitKind::kConstant, .constant = number(kAConstant)};
+  if (form.Is(kLimits, "b")) return {.kind = LimitKind::kPercentage, .percent = number(kBPercent)};
+  return {.kind = LimitKind::kConstantThenPercentage,
+          .constant = number(kCConstant),
+          .division = number(kCDivision),
+          .percent = number(kCPercent)};
 }
 
 }  // namespace quorval::difference

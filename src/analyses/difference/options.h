@@ -1,7 +1,6 @@
 // The options of the difference plots: the dialog frmBAOpt and, behind its button, frmBASupplOpt.
 #pragma once
 
-#include <optional>
 #include <string_view>
 
 #include "analyses/difference/user_limits.h"
@@ -37,8 +36,10 @@ struct Options {
 
 Options ReadOptions(const Form& form);
 
-// The limits set in frmBASupplOpt; none when the limits are to be estimated.  An empty field or a
-// word in it is a Fault.
-std::optional<UserLimits> ReadUserLimits(const Form& form);
+// While frmBASupplOpt holds no limits of the user's.
+inline constexpr When kLimitsEstimated{"limits", "none"};
+
+// The limits set in frmBASupplOpt.  An empty field or a word in it is a Fault.
+UserLimits ReadUserLimits(const Form& form);
 
 }  // namespace quorval::difference

@@ -50,7 +50,7 @@ void NoteNoRelative(Run& run, const PairedData& data, const std::array<Sample, 4
 
 }  // namespace
 
-PairedData ReadSingle(Run& run, const Scale& scale) {
+PairedData TakePairs(Run& run, const Scale& scale) {
   PairColumns columns = ReadPairSingle(run);
   PairedData data{.ids = std::move(columns.ids),
                   .columns = columns.ColumnNumbers(),
@@ -65,7 +65,7 @@ PairedData ReadSingle(Run& run, const Scale& scale) {
   return data;
 }
 
-PairedData ReadDuplicate(Run& run, const Scale& scale) {
+PairedData TakeDuplicates(Run& run, const Scale& scale) {
   PairColumns columns = ReadPairDuplicate(run);
   std::array<Sample, 4> replicates;  // x1, x2, y1, y2
   std::ranges::transform(columns.columns, replicates.begin(),

@@ -29,7 +29,7 @@ struct PairedData {
 
 // Both take the columns, refuse fewer than 3 pairs and an x without dispersion.  The single form
 // refuses zero and negative measurements too; the duplicate form then leaves out what is relative.
-PairedData ReadSingle(Run& run, const Scale& scale);
-PairedData ReadDuplicate(Run& run, const Scale& scale);
+PairedData TakePairs(Run& run, const Scale& scale);
+PairedData TakeDuplicates(Run& run, const Scale& scale);
 
 }  // namespace quorval::difference

@@ -196,11 +196,8 @@ OneSampleResult ComputeOneSample(Messages& messages, const OneSampleInput& input
 
 constexpr Quantity kCount = Captioned(quantity::kCount, "  Number of observations: ");
 constexpr Quantity kMedian = Captioned(quantity::kMedian, "  Median(see dot plot): ");
-constexpr Quantity kSkewness{"skewness", "  Skewness: "};
 constexpr Quantity kSkewnessSd{"skewness.sd", "  SD of skewness: "};
-constexpr Quantity kKurtosis{"kurtosis", "  Kurtosis: "};
 constexpr Quantity kKurtosisSd{"kurtosis.sd", "  SD of kurtosis: "};
-constexpr Quantity kNormalityP{"normality.p", "  P "};
 constexpr Quantity kOutliers = Captioned(quantity::kOutliers, "  Number of outlier(s) detected: ");
 constexpr Quantity kLimit =
     Captioned(quantity::kOutlierLimit, "  Number of SDs as outlier limit: ");
@@ -230,8 +227,8 @@ constexpr AskedRows kAsked2{"  User-specified percentile:",
                             {"user2.value.se", kSeCaption, Unit::kMeasurand}};
 constexpr auto kQuantities =
     Joined(std::array{kCount, quantity::kMin, quantity::kMax, kMedian, quantity::kMean,
-                      quantity::kSd, quantity::kMeanSe, kSkewness, kSkewnessSd, kKurtosis,
-                      kKurtosisSd, kNormalityP, kOutliers, kLimit},
+                      quantity::kSd, quantity::kMeanSe, quantity::kSkewness, kSkewnessSd,
+                      quantity::kKurtosis, kKurtosisSd, quantity::kNormalityP, kOutliers, kLimit},
            kTenPercentiles,
            std::array{kAsked1.percentile, kAsked1.value, kAsked1.se, kAsked2.percentile,
                       kAsked2.value, kAsked2.se});
@@ -282,10 +279,12 @@ void ReportOneSample(ResultsSheet& sheet, const OneSampleInput& input,
   sheet.Row(9, quantity::kMean(mean));
   sheet.Row(10, quantity::kSd(sd));
   sheet.Row(11, quantity::kMeanSe(sd / Sqrt(input.N())));
-  sheet.Row(12, kSkewness(result.skewness), kSkewnessSd.caption, kSkewnessSd(skewness_sd));
-  sheet.Row(13, kKurtosis(result.kurtosis), kKurtosisSd.caption, kKurtosisSd(2 * skewness_sd));
+  sheet.Row(12, quantity::kSkewness(result.skewness), kSkewnessSd.caption,
+            kSkewnessSd(skewness_sd));
+  sheet.Row(13, quantity::kKurtosis(result.kurtosis), kKurtosisSd.caption,
+            kKurtosisSd(2 * skewness_sd));
   sheet.Row(15, "  Result of Normality test (Anderson-Darling): ");
-  sheet.Row(16, kNormalityP(std::string_view(result.normality_P)));
+  sheet.Row(16, quantity::kNormalityP(std::string_view(result.normality_P)));
   WriteOutliers(sheet, input, result.outliers);
   if (input.percentiles) WritePercentiles(sheet, input, result);
 }

@@ -1,69 +1,46 @@
 #include "analyses/reference/nonparametric.h"
 
 #include <algorithm>
+#include <array>
 
-#include "analyses/reference/confidence_ranks.h"
-#include "analyses/reference/options.h"
-#include "analyses/reference/sheet_blocks.h"
-#include "core/failure.h"
 #include "stats/percentile.h"
 #include "stats/resampling.h"
 
 namespace quorval::reference {
 namespace {
 
-struct Estimator {
-  std::string_view word;  // of the percentile rule
-  PercentilePositions (*positions)(Real N);
-  bool bootstrap;
-  int lower_margin;  // the lower position may reach N less this
-  std::string_view analyte_label, procedure, rule;
+// The ranks a and b for samples of up to `last` values, above the row before.
+struct RankRow {
+  int last, a, b;
 };
-constexpr Estimator kEstimators[] = {
-    {"simple-n-half", PositionsByNHalf, false, 1, kAnalyte,
-     "  Simple nonparametric procedure (default)",
-     "  Percentiles as (2.5/100)N+0.5 and (97.5/100)N+0.5"},
-    {"simple-n-plus-1", PositionsByNPlus1, false, 1, kVariable, "  Simple nonparametric procedure ",
-     "  Percentiles as (2.5/100)(N+1) and (97.5/100)(N+1)"},
-    {"bootstrap-n-half", PositionsByNHalf, true, 0, kAnalyte,
-     "  Bootstrap nonparametric procedure ", "  Bootstraps of (2.5/100)N+0.5 and (97.5/100)N+0.5"},
-    {"bootstrap-n-plus-1", PositionsByNPlus1, true, 1, kVariable,
-     "  Bootstrap nonparametric procedure ", "  Bootstraps of (2.5/100)(N+1) and (97.5/100)(N+1)"},
-};
+constexpr std::array<RankRow, 44> kRankRows{{
+    {132, 1, 7},   {160, 1, 8},    {187, 1, 9},   {189, 2, 9},   {218, 2, 10},  {248, 2, 11},
+    {249, 2, 12},  {279, 3, 12},   {307, 3, 13},  {309, 4, 13},  {340, 4, 14},  {363, 4, 15},
+    {372, 5, 15},  {403, 5, 16},   {417, 5, 17},  {435, 6, 17},  {468, 6, 18},  {470, 6, 19},
+    {500, 7, 19},  {522, 7, 20},   {533, 8, 20},  {565, 8, 21},  {574, 8, 22},  {598, 9, 22},
+    {624, 9, 23},  {631, 10, 23},  {665, 10, 24}, {674, 10, 25}, {698, 11, 25}, {724, 11, 26},
+    {732, 12, 26}, {765, 12, 27},  {773, 12, 28}, {799, 13, 28}, {822, 13, 29}, {833, 14, 29},
+    {867, 14, 30}, {871, 14, 31},  {901, 15, 31}, {919, 15, 32}, {935, 16, 32}, {967, 16, 33},
+    {970, 17, 33}, {1000, 17, 34},
+}};
 
-// Reads the number of replications; fewer than 5 are refused.
-int TakeReplications(Run& run) {
-  const int R = Insist(run.messages, "Error", [&] { return run.form.Column(kReplications); });
-  if (R < 5) {
-    run.messages.Tell("No. of bootstrap replications < 5: No analysis!");
-    throw Failure{};
-  }
-  return R;
+constexpr int kFirstTabled = 120;
+constexpr int kLastTabled = 1000;
+
+ConfidenceRanks RanksByTable(Real N) {
+  const auto& row = *std::ranges::find_if(kRankRows, [&](const RankRow& r) { return N <= r.last; });
+  return {row.a, row.b, N + 1 - row.b, N + 1 - row.a};
 }
 
-void CheckPositions(Run& run, const Estimator& estimator, const PercentilePositions& at, Real N) {
-  const auto refuse = [&](std::string_view words) {
-    if (estimator.bootstrap) {
-      Note(run.notices, {"arithmetic", Counted(static_cast<std::size_t>(Raw(N)), "value") +
-                                           " are too few for the 2.5th and 97.5th percentile "
-                                           "by this rule"});
-    }
-    run.messages.Tell(estimator.bootstrap ? "Error" : words);
-    throw Failure{};
-  };
-  if (at.lower < 1 || at.lower > N - estimator.lower_margin)
-    refuse("The desired lower percentile is too extreme in relation to sample size!");
-  if (at.upper > N || at.upper < 1)
-    refuse("The desired upper percentile is too extreme in relation to sample size!");
+Real RoundUp(Real value) {
+  const Real r = Int(value);
+  return r < value ? r + 1 : r;
 }
 
-NonparametricEstimate Estimate(Run& run, const Estimator& estimator,
-                               const ReferenceSample& sample) {
-  const int R = estimator.bootstrap ? TakeReplications(run) : 0;
-  const PercentilePositions at = estimator.positions(sample.N());
-  CheckPositions(run, estimator, at, sample.N());
-  return estimator.bootstrap ? EstimateByBootstrap(sample.RefValues, at, R)
-                             : EstimateSimple(sample.RefValues, at);
+ConfidenceRanks RanksByNormal(Real N) {
+  const Real w = kDeviateOf90 * Sqrt(0.975 * 0.025 * N);
+  return {Int(0.5 + 0.025 * N - w), RoundUp(0.5 + 0.025 * N + w), Int(0.5 + 0.975 * N - w),
+          RoundUp(0.5 + 0.975 * N + w)};
 }
 
 }  // namespace
@@ -74,6 +51,11 @@ PercentilePositions PositionsByNHalf(Real N) {
 
 PercentilePositions PositionsByNPlus1(Real N) {
   return {MedianPosition(N), 0.025 * (N + 1), 0.975 * (N + 1)};
+}
+
+std::optional<ConfidenceRanks> FindConfidenceRanks(Real N) {
+  if (N < kFirstTabled) return std::nullopt;
+  return N <= kLastTabled ? RanksByTable(N) : RanksByNormal(N);
 }
 
 NonparametricEstimate EstimateSimple(std::span<const Real> sorted, const PercentilePositions& at) {
@@ -95,16 +77,6 @@ NonparametricEstimate EstimateByBootstrap(std::span<const Real> sorted,
     return Percentile{estimate.mean, LimitsAround(estimate.mean, estimate.sd)};
   };
   return {estimates[0].mean, {percentile(estimates[1]), percentile(estimates[2])}};
-}
-
-void RunNonparametric(Run& run, const ReferenceSample& sample) {
-  const auto& estimator =
-      *std::ranges::find(kEstimators, run.form.Text(kPercentileRule), &Estimator::word);
-  const NonparametricEstimate estimate = Estimate(run, estimator, sample);
-  WriteHead(run, sample, estimator.analyte_label, estimator.procedure, estimator.rule);
-  run.sheet.Row(11, "  Median: ", estimate.median);
-  run.sheet.Row(12, "  Nonparametric reference interval estimates: ");
-  WriteInterval(run.sheet, 13, estimate.interval);
 }
 
 }  // namespace quorval::reference

@@ -1,10 +1,10 @@
 // Nonparametric estimators: percentiles at positions on the sorted sample.
 #pragma once
 
-#include <string_view>
+#include <optional>
+#include <span>
 
-#include "analyses/reference/reference_sample.h"
-#include "core/run.h"
+#include "analyses/reference/reference_interval.h"
 
 namespace quorval::reference {
 
@@ -14,6 +14,16 @@ struct PercentilePositions {
 };
 PercentilePositions PositionsByNHalf(Real N);   // (p/100)N + 0.5
 PercentilePositions PositionsByNPlus1(Real N);  // (p/100)(N + 1)
+
+// Ranks whose values bound the 90 % confidence intervals: a and b of the lower percentile, c and d
+// of the upper one.
+struct ConfidenceRanks {
+  Real a, b, c, d;
+};
+
+// By table up to 1000 values (binomial probabilities: IFCC recommendation on the treatment of
+// reference values, 1987), by the normal approximation of the binomial above; none below 120.
+std::optional<ConfidenceRanks> FindConfidenceRanks(Real N);
 
 struct NonparametricEstimate {
   Real median;
@@ -27,8 +37,5 @@ NonparametricEstimate EstimateSimple(std::span<const Real> sorted, const Percent
 // (Efron and Tibshirani, An Introduction to the Bootstrap, 1993).
 NonparametricEstimate EstimateByBootstrap(std::span<const Real> sorted,
                                           const PercentilePositions& at, int R);
-
-// The estimator that the nonparametric dialog chooses, and its sheet.
-void RunNonparametric(Run& run, const ReferenceSample& sample);
 
 }  // namespace quorval::reference

@@ -26,7 +26,14 @@ inline constexpr Field kReplications{.key = "replications",
                                      .caption = "No. of bootstrap replications",
                                      .initial = "200"};
 
-extern const Dialog frmRefNonparametricOptions;
+inline constexpr Field kNonparametricFields[] = {kPercentileRule, kReplications};
+
+inline constexpr Dialog frmRefNonparametricOptions{
+    .window = "frmRefNonparametricOptions",
+    .title = "Nonparametric Reference Interval Options",
+    .fields = kNonparametricFields,
+};
+static_assert(WellFormed(frmRefNonparametricOptions));
 
 // --- The dialog
 
@@ -61,6 +68,34 @@ inline constexpr Field kShowGaussian{.key = "show-gaussian",
                                      .caption = "Show gaussian distribution where relevant",
                                      .initial = "on"};
 
-extern const Dialog frmRefOptions;
+inline constexpr std::string_view kLimitsGroup = "Reference interval limits (percentiles):";
+constexpr Field LimitsNote(std::string_view text) {
+  return {.kind = FieldKind::kNote, .group = kLimitsGroup, .caption = text};
+}
+
+inline constexpr Field kFields[] = {
+    kColumn,
+    kIdColumn,
+    kProcedure,
+    {.kind = FieldKind::kButton,
+     .group = kProcedureGroup,
+     .caption = "Options",
+     .enabled = {{{"procedure", "nonparametric"}}},
+     .opens = &frmRefNonparametricOptions},
+    LimitsNote("Lower: 2.5"),
+    LimitsNote("Upper: 97.5"),
+    LimitsNote("Confidence interval widths: 90%"),
+    kOutlierLimit,
+    kClasses,
+    kClassCount,
+    kShowGaussian,
+};
+
+inline constexpr Dialog frmRefOptions{
+    .window = "frmRefOptions",
+    .title = "Quorval Reference Interval ",
+    .fields = kFields,
+};
+static_assert(WellFormed(frmRefOptions));
 
 }  // namespace quorval::reference

@@ -6,8 +6,13 @@
 namespace quorval::reference {
 namespace {
 
+// The walks are this procedure's own, and so are where they start, their first steps, how near to
+// 0 they end and how far they go: any other choice gives another constant within the tolerance.
 constexpr int kMostIterations = 40;
-constexpr double kTolerance = 0.01;
+constexpr double kTolerance = 0.01;  // of the skewness or the kurtosis
+constexpr double kFirstSymmetryStep = 0.25, kFirstModulusStep = 0.5;
+constexpr double kStartAboveGaussian = 1.2,
+                 kStartBelowGaussian = 0.8;  // by the sign of the kurtosis
 
 Real PowerForward(Real x, Real c) { return c == 0 ? Log(x) : (Pow(x, c) - 1) / c; }
 Real PowerInverse(Real v, Real c) { return c == 0 ? Exp(v) : Pow(c * v + 1, 1 / c); }
@@ -48,7 +53,7 @@ const Transform kExponential{ExponentialForward, ExponentialInverse, 0.005,
 SymmetricValues SearchSymmetry(Messages& messages, const Transform& transform,
                                std::span<const Real> x) {
   return Insist(messages, transform.fault, [&] {
-    Step step(0.25, Skewness(messages, x));
+    Step step(kFirstSymmetryStep, Skewness(messages, x));
     Real c = transform.start;
     for (int iteration = 0; iteration < kMostIterations; ++iteration) {
       Sample y = Map(x, [&](Real value) { return transform.forward(value, c); });
@@ -75,9 +80,9 @@ Real InverseModulus(Real v, Real lambda) {
 MesokurticValues SearchModulus(Messages& messages, std::span<const Real> z) {
   return Insist(messages, "Error in modulus transformation step", [&] {
     const Real untransformed = Kurtosis(z);
-    Step step(0.5, untransformed);
+    Step step(kFirstModulusStep, untransformed);
     MesokurticValues found;
-    Real lambda = untransformed >= 0 ? 1.2 : 0.8;
+    Real lambda = untransformed >= 0 ? kStartAboveGaussian : kStartBelowGaussian;
     for (int iteration = 0; iteration < kMostIterations; ++iteration) {
       found = {lambda, Map(z, [&](Real value) { return ModulusTransform(value, lambda); })};
       const Real k = Kurtosis(found.w);

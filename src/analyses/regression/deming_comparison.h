@@ -13,7 +13,7 @@ namespace quorval::regression {
 
 // Hidden in the duplicate form, where it is estimated.
 inline constexpr Field kSdRatio{
-    .key = "sd-ratio", .initial = "1", .shown = {kSingle}, .demand = kPositiveNumber};
+    .key = "sd-ratio", .initial = "1", .shown = {kSingleMode}, .demand = kPositiveNumber};
 
 // --- Input
 

@@ -132,19 +132,12 @@ void WriteHead(ResultsSheet& sheet, std::string_view title, const ComparisonInpu
   const auto& [n, x, y, x1, x2, y1, y2] = kHeadQuantities;
   const std::array<int, 4>& columns = input.data.columns;
   sheet.Frame(title);
-  if (!input.duplicate) return WriteSingleColumns(sheet, input.data);
+  if (!input.duplicate) return WriteXYColumns(sheet, input.data.Count(), columns);
   sheet.Row(6, "  Number of (x1, x2, y1, y2) data points", n(input.data.Count()));
   sheet.Row(7, x1(columns[0]));
   sheet.Row(8, x2(columns[1]));
   sheet.Row(9, y1(columns[2]));
   sheet.Row(10, y2(columns[3]));
-}
-
-void WriteSingleColumns(ResultsSheet& sheet, const Pairs& data) {
-  const auto& [n, x, y, x1, x2, y1, y2] = kHeadQuantities;
-  sheet.Row(6, n(data.Count()));
-  sheet.Row(7, x(data.columns[0]));
-  sheet.Row(8, y(data.columns[1]));
 }
 
 void WriteTest(ResultsSheet& sheet, int row, const TestRows& rows, const TTest& test) {

@@ -175,19 +175,8 @@ struct Residuals {
 
 // --- Rows of the sheets
 
-// Rows 2 to 10: the title, the number of points and the columns.
-inline constexpr std::array kHeadQuantities{
-    Captioned(quantity::kCount, "  Number of (x, y) data points"),
-    Quantity{.name = "x.column", .caption = "  x: Col no.", .width = Width::kWhole},
-    Quantity{.name = "y.column", .caption = "  y: Col no.", .width = Width::kWhole},
-    Quantity{.name = "x1.column", .caption = "  x1: Col no.", .width = Width::kWhole},
-    Quantity{.name = "x2.column", .caption = "  x2: Col no.", .width = Width::kWhole},
-    Quantity{.name = "y1.column", .caption = "  y1: Col no.", .width = Width::kWhole},
-    Quantity{.name = "y2.column", .caption = "  y2: Col no.", .width = Width::kWhole},
-};
+// Rows 2 to 10: the title, and kHeadQuantities.
 void WriteHead(ResultsSheet& sheet, std::string_view title, const ComparisonInput& input);
-// Rows 6 to 8 of the single form.
-void WriteSingleColumns(ResultsSheet& sheet, const Pairs& data);
 
 // The five rows of an estimate and its test.
 struct TestRows {

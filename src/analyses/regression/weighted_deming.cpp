@@ -122,7 +122,7 @@ void WriteTitle(ResultsSheet& sheet, const DemingInput& input) {
 
 // Rows 6 to 8.
 void WriteColumns(ResultsSheet& sheet, const DemingInput& input) {
-  if (!input.duplicate) return WriteSingleColumns(sheet, input.data);
+  if (!input.duplicate) return WriteXYColumns(sheet, input.data.Count(), input.data.columns);
   const auto& [n, x, y, x1, x2, y1, y2] = kHeadQuantities;
   const auto& [first, second, third, fourth] = input.data.columns;
   sheet.Row(6, "  Number of (x1,x2,y1,y2) data points", n(input.data.Count()));

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "analyses/reference/confidence_ranks.h"
+#include "analyses/reference/nonparametric.h"
 #include "analyses/reference/parametric.h"
 #include "core/failure.h"
 #include "support/transcript.h"

@@ -1,19 +1,11 @@
-// What every procedure of the reference interval starts from and ends in.
+// What every estimator of a reference interval ends in.
 #pragma once
 
 #include <optional>
-#include <string>
 
 #include "core/real.h"
 
 namespace quorval::reference {
-
-struct ReferenceSample {
-  Sample RefValues;  // 32-bit values, ascending; at least 20, not all equal
-  std::string AnalyteName;
-
-  Real N() const { return RefValues.size(); }
-};
 
 struct Limits {
   Real lower, upper;

@@ -1,34 +1,15 @@
-#include "results/rejection_notice.h"
+#include "app/rejection_notice.h"
 
 #include <algorithm>
 #include <string_view>
 
 #include "core/conversion.h"
+#include "formats/xml_text.h"
 
 namespace quorval {
 namespace {
 
 constexpr std::size_t kMostPoints = 10;
-
-std::string Escape(std::string_view text) {
-  std::string escaped;
-  for (char c : text) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      default:
-        escaped += c;
-    }
-  }
-  return escaped;
-}
 
 std::string Line(int x1, int y1, int x2, int y2) {
   return "<line x1=\"" + std::to_string(x1) + "\" y1=\"" + std::to_string(y1) + "\" x2=\"" +
@@ -65,8 +46,9 @@ std::string NoticePicture(std::span<const std::string> lines) {
   int y = kLine;
   for (const std::string& line : lines) {
     svg += "<text x=\"8\" y=\"" + std::to_string(y) +
-           "\" font-family=\"sans-serif\" font-size=\"13\" xml:space=\"preserve\">" + Escape(line) +
-           "</text>\n";
+           "\" font-family=\"sans-serif\" font-size=\"13\" xml:space=\"preserve\">";
+    xml::AppendEscaped(svg, line);
+    svg += "</text>\n";
     y += kLine;
   }
   return svg + "</svg>\n";
