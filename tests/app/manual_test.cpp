@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
+#include "support/temporary_folder.h"
 
 namespace quorval {
 namespace {
@@ -13,15 +13,11 @@ using testing::IsEmpty;
 
 class ManualTest : public testing::Test {
  protected:
-  ManualTest() { std::filesystem::create_directories(folder); }
-  ~ManualTest() override { std::filesystem::remove_all(folder); }
   void Write(const std::string& file, const std::string& text) const {
-    std::ofstream(folder / file) << text;
+    test::WriteBytes(folder / file, text);
   }
 
-  std::filesystem::path folder =
-      std::filesystem::temp_directory_path() /
-      ("manual-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+  test::TemporaryFolder folder;
 };
 
 std::vector<std::string> FilesOf(const std::vector<ManualHit>& hits) {
@@ -34,7 +30,7 @@ TEST_F(ManualTest, ReadsTheContentsAsATree) {
   Write("contents.md",
         "# Quorval\nSome words.\n- [Start](start.md)\n## Regression\n- [OLS](ols.md)\n"
         "  - [Bands](bands.md)\n");
-  const Manual manual(folder);
+  const Manual manual(folder.path());
   std::vector<std::string> lines;
   for (const ManualEntry& entry : manual.entries())
     lines.push_back(std::to_string(entry.depth) + " " + entry.title + " " + entry.file);
@@ -46,7 +42,7 @@ TEST_F(ManualTest, FindsThePagesThatHoldEveryWord) {
   Write("contents.md", "- [Worksheet](sheet.md)\n- [Slope tests](slope.md)\n- [Lost](lost.md)\n");
   Write("sheet.md", "# Worksheet\n\nA column ends at its first empty cell. The slope of it.\n");
   Write("slope.md", "# Tests\n\n| row | The Slope b of the line |\nA column.\n");
-  const Manual manual(folder);
+  const Manual manual(folder.path());
   EXPECT_THAT(FilesOf(manual.Search("SLOPE")), ElementsAre("slope.md", "sheet.md"));
   EXPECT_THAT(FilesOf(manual.Search("column empty")), ElementsAre("sheet.md"));
   EXPECT_THAT(manual.Search("kurtosis"), IsEmpty());

@@ -7,6 +7,7 @@
 #include "app/workbench.h"
 #include "app/rejection_notice.h"
 #include "support/scripted_platform.h"
+#include "support/temporary_folder.h"
 
 namespace quorval::test {
 namespace {
@@ -33,8 +34,9 @@ struct DesktopPlatform : ScriptedPlatform {
 };
 
 struct Session {
+  const TemporaryFolder folder{};
   DesktopPlatform platform{};
-  Workbench workbench{platform, std::filesystem::temp_directory_path()};
+  Workbench workbench{platform, folder.path()};
   OpenAnalysis* open = nullptr;
 
   Session(const Analysis& analysis, const Columns& columns, const Settings& settings) {

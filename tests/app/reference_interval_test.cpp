@@ -2,11 +2,10 @@
 // printed plots.
 #include <gmock/gmock.h>
 
-#include <filesystem>
-
 #include "analyses/registry.h"
 #include "app/workbench.h"
 #include "support/scripted_platform.h"
+#include "support/temporary_folder.h"
 
 namespace quorval {
 namespace {
@@ -17,11 +16,7 @@ using testing::SizeIs;
 
 class ReferenceIntervalTest : public testing::Test {
  protected:
-  ReferenceIntervalTest() {
-    std::filesystem::create_directories(folder);
-    workbench.ImportExample(*FindExample("Reference Interval Example"));
-  }
-  ~ReferenceIntervalTest() override { std::filesystem::remove_all(folder); }
+  ReferenceIntervalTest() { workbench.ImportExample(*FindExample("Reference Interval Example")); }
 
   OpenAnalysis& Open(std::string_view procedure = "nonparametric") {
     OpenAnalysis& open = workbench.Open(reference::kReference);
@@ -29,9 +24,9 @@ class ReferenceIntervalTest : public testing::Test {
     return open;
   }
 
-  std::filesystem::path folder = std::filesystem::temp_directory_path() / "quorval-reference";
+  test::TemporaryFolder folder;
   test::ScriptedPlatform platform;
-  Workbench workbench{platform, folder};
+  Workbench workbench{platform, folder.path()};
 };
 
 TEST_F(ReferenceIntervalTest, KeepsTheNonparametricOptionsForLaterRuns) {

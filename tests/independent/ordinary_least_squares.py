@@ -1,9 +1,8 @@
 """Expected numbers of ordinary least squares: NumPy in 64 bits, Sxx summed in 32 bits.
 
 Without arguments prints the estimates of both example sets with what is needed to judge the classes
-of significance.  With "cells" prints every number of their sheets, as tests/data/ols_cells.csv
-holds them:
-    python3 tests/independent/ordinary_least_squares.py cells > tests/data/ols_cells.csv
+of significance.  With "cells" prints every number of their sheets but counts, for
+tests/data/regressions.csv.
 """
 
 import re
@@ -52,11 +51,8 @@ class Fit:
         return self.sd_fit * np.sqrt(1 / self.n + (self.x.mean() - u) ** 2 / self.sxx)
 
 
-def cells(fit, columns, levels):
+def cells(fit, levels):
     """(row, column, value) of every number, both tables shown."""
-    yield 6, 2, fit.n
-    for i, column in enumerate(columns):
-        yield 7 + i, 2, column
     for row, estimate, se, expected in (11, fit.b, fit.se_b, 1), (19, fit.a0, fit.se_a0, 0):
         yield row, 2, estimate
         yield row + 1, 2, se
@@ -89,18 +85,17 @@ def runs_of_signs(e):
 
 A, B, C, D = (example(name) for name in ("kA", "kB", "kC", "kD"))
 SETS = [
-    ("single", Fit(A, B), (2, 3)),
-    ("duplicate", Fit((A + C) / 2, (B + D) / 2), (2, 3, 4, 5)),
+    ("ols", Fit(A, B)),
+    ("ols duplicate", Fit((A + C) / 2, (B + D) / 2)),
 ]
 LEVELS = (5, 20.1)
 
 if sys.argv[1:] == ["cells"]:
-    print("set,row,column,value")
-    for name, fit, columns in SETS:
-        for row, column, value in cells(fit, columns, LEVELS):
+    for name, fit in SETS:
+        for row, column, value in cells(fit, LEVELS):
             print(f"{name},{row},{column},{float(value)!r}")
 else:
-    for name, fit, columns in SETS:
+    for name, fit in SETS:
         print(name)
         for label in "b se_b a0 se_a0 sd_fit sdyx".split():
             print(f"  {label:7} {getattr(fit, label)!r}")

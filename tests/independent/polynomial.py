@@ -1,4 +1,4 @@
-"""Expected numbers of the polynomial test's sheet, by NumPy and SciPy.  Append the output to
+"""Expected numbers of the polynomial test's sheet, by NumPy and SciPy, for
 tests/data/regressions.csv."""
 
 import numpy as np

@@ -1,11 +1,13 @@
 """Made samples, and the numbers that reference intervals must give on them.
 
-Writes ../data/reference_samples.csv (a column for each sample) and ../data/reference_expected.csv
-(sample, settings, row, column and content of a cell).  Percentiles by NumPy, skewness, kurtosis,
-the normality statistic and the inverse functions by SciPy; the generator in modular arithmetic.
+Run in this folder.  Prints with "samples" ../data/reference_samples.csv (a column for each sample),
+with "expected" ../data/reference_expected.csv (sample, settings, row, column and content of a cell).
+Percentiles by NumPy, skewness, kurtosis, the normality statistic and the inverse functions by SciPy;
+the generator in modular arithmetic.
 """
 
 import csv
+import sys
 
 import numpy as np
 from scipy.special import boxcox, inv_boxcox
@@ -215,41 +217,40 @@ PARAMETRIC = {
 
 # --- The files
 
-length = max(len(values) for values in SAMPLES.values())
-with open("../data/reference_samples.csv", "w", newline="") as file:
-    writer = csv.writer(file, lineterminator="\n")
+writer = csv.writer(sys.stdout, lineterminator="\n")
+if sys.argv[1:] == ["samples"]:
     writer.writerow(SAMPLES)
-    for i in range(length):
+    for i in range(max(len(values) for values in SAMPLES.values())):
         writer.writerow([f"{v[i]:g}" if i < len(v) else "" for v in SAMPLES.values()])
+    sys.exit()
 
 SAMPLES["carbamide"] = np.loadtxt("../data/carbamide.csv", skiprows=1)
+writer.writerow(["sample", "procedure", "rule", "row", "column", "content"])
 
-with open("../data/reference_expected.csv", "w", newline="") as file:
-    writer = csv.writer(file, lineterminator="\n")
-    writer.writerow(["sample", "procedure", "rule", "row", "column", "content"])
 
-    def write(name, procedure, rule, cells):
-        for (row, column), content in sorted(cells.items()):
-            text = content if isinstance(content, str) else f"{content:.15g}"
-            writer.writerow([name, procedure, rule, row, column, text])
+def write(name, procedure, rule, cells):
+    for (row, column), content in sorted(cells.items()):
+        text = content if isinstance(content, str) else f"{content:.15g}"
+        writer.writerow([name, procedure, rule, row, column, text])
 
-    for name, values in SAMPLES.items():
-        x = single([float(f"{v:g}") for v in values])
-        for rule in ("n-half", "n-plus-1"):
-            if positions(len(x), rule)[1] < 1:
-                continue
-            write(name, "nonparametric", "simple-" + rule, simple(x, rule))
-            if len(x) <= 1001:
-                write(name, "nonparametric", "bootstrap-" + rule, bootstrap(x, rule, 200))
-        for procedure, estimate in PARAMETRIC.items():
-            if x[0] <= 0 and procedure in ("log", "power", "power-modulus"):
-                continue
-            try:
-                with np.errstate(all="raise", under="ignore"):
-                    cells = estimate(x)
-                if any(isinstance(v, float) and np.isnan(v) for v in cells.values()):
-                    raise ArithmeticError("a value without a counterpart")
-            except (ArithmeticError, AssertionError) as failure:
-                print(name, procedure, "has no result:", failure)
-                continue
-            write(name, procedure, "simple-n-half", cells)
+
+for name, values in SAMPLES.items():
+    x = single([float(f"{v:g}") for v in values])
+    for rule in ("n-half", "n-plus-1"):
+        if positions(len(x), rule)[1] < 1:
+            continue
+        write(name, "nonparametric", "simple-" + rule, simple(x, rule))
+        if len(x) <= 1001:
+            write(name, "nonparametric", "bootstrap-" + rule, bootstrap(x, rule, 200))
+    for procedure, estimate in PARAMETRIC.items():
+        if x[0] <= 0 and procedure in ("log", "power", "power-modulus"):
+            continue
+        try:
+            with np.errstate(all="raise", under="ignore"):
+                cells = estimate(x)
+            if any(isinstance(v, float) and np.isnan(v) for v in cells.values()):
+                raise ArithmeticError("a value without a counterpart")
+        except (ArithmeticError, AssertionError) as failure:
+            print(name, procedure, "has no result:", failure, file=sys.stderr)
+            continue
+        write(name, procedure, "simple-n-half", cells)

@@ -5,6 +5,7 @@
 namespace quorval {
 namespace {
 
+// Expected numbers of all tests here: SciPy (tests/independent/stats_kernels.py).
 TEST(GammaFunction, HoldsAtKnownPlaces) {
   EXPECT_EQ(Raw(GammaFunction(1)), 1);
   EXPECT_EQ(Raw(GammaFunction(2)), 1);
@@ -16,7 +17,6 @@ TEST(GammaFunction, HoldsAtKnownPlaces) {
   EXPECT_THROW(GammaFunction(0), Fault);
 }
 
-// Expected numbers: SciPy (tests/independent/stats_kernels.py).
 TEST(IncompleteBeta, AgreesOnBothSidesOfTheSwitch) {
   const struct {
     double a, b, x, expected;

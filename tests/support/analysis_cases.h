@@ -4,7 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <initializer_list>
+#include <algorithm>
+#include <cmath>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,18 +27,25 @@ inline Transcript RunOnExample(std::string_view menu, const Analysis& analysis,
   return RunOn(worksheet, analysis, settings, context);
 }
 
-struct SheetNumber {
+struct Number {
   int row, column;
   double value;
 };
 
-inline void ExpectNumbers(const Transcript& told, std::initializer_list<SheetNumber> numbers,
-                          double relative_error = 1e-12) {
+// The tolerance is relative above 1, absolute below.
+inline void ExpectNumbers(const Transcript& told, const std::vector<Number>& numbers,
+                          double tolerance = 1e-12) {
   for (const auto& [row, column, value] : numbers) {
-    EXPECT_NEAR(told.Value(row, column), value, relative_error * std::abs(value))
+    EXPECT_NEAR(told.Value(row, column), value, tolerance * std::max(1.0, std::abs(value)))
         << row << ", " << column;
     EXPECT_EQ(told.sheet.At(column, row).look.type, CellType::kNumber) << row << ", " << column;
   }
+}
+
+inline std::vector<std::size_t> SizesOf(const Plot& plot) {
+  std::vector<std::size_t> sizes;
+  for (const Series& series : plot.series) sizes.push_back(series.points.size());
+  return sizes;
 }
 
 // "x,y x,y ..." to nine decimals.

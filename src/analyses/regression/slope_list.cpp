@@ -67,10 +67,9 @@ void SlopeList::RemoveZeros() {
   same_.count -= count;
   M_ -= count;
   if (count == most || last != 0) return;
-  const std::int64_t copies = removed.back() ? count - 1 : count;
-  const std::int64_t dropped = std::min(most - count, copies);
-  M_ -= dropped;
-  DropFromTheEnd(dropped, removed);
+  // It meets copies enough: each zero that stayed had directly followed a removed one.
+  M_ -= most - count;
+  DropFromTheEnd(most - count, removed);
 }
 
 // Each copy that was removed took an entry from the list's end.

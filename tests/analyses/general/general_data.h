@@ -24,10 +24,4 @@ inline Transcript RunTitled(const Analysis& analysis, const Columns& columns,
   return RunOn(worksheet, analysis, settings);
 }
 
-inline std::vector<std::size_t> SizesOf(const Plot& plot) {
-  std::vector<std::size_t> sizes;
-  for (const Series& series : plot.series) sizes.push_back(series.points.size());
-  return sizes;
-}
-
 }  // namespace quorval::test

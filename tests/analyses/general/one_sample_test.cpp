@@ -1,4 +1,6 @@
 // Expected numbers come from tests/independent/general_statistics.py, or by hand.
+#include <numbers>
+
 #include "analyses/general/general_data.h"
 #include "analyses/registry.h"
 
@@ -121,7 +123,8 @@ TEST(OneSample, DrawsItsFourPlots) {
   EXPECT_THAT(windows, ElementsAre("frmDotplot", "frmHistoAbsPlot", "frmHistoPlot", "frmCumGauss"));
 
   const Plot& dots = told.PlotOf("frmDotplot");
-  EXPECT_EQ(PointsText(dots.series[0]).substr(0, 27), "1,4.400000095 1,4.800000191");
+  EXPECT_EQ(PointsText(dots.series[0]).substr(0, 27),
+            "1,4.400000095 1,4.800000191");  // by hand: 4.8F
   EXPECT_EQ(PointsText(dots.series[1]), "0.8,5.299999952 1.2,5.299999952");
 
   const Plot& numbers = told.PlotOf("frmHistoAbsPlot");
@@ -134,8 +137,8 @@ TEST(OneSample, DrawsItsFourPlots) {
   EXPECT_EQ(PointsText(relative.series[2]), "6.049999952,0 6.049999952,0.75");
   const Point& first = relative.series[1].points.front();
   const double z = (4.400000095367432 - 5.599999984105428) / 0.9572688259587759;
-  EXPECT_NEAR(Raw(first.y), 1.75 * std::exp(-z * z / 2) / (0.9572688259587759 * 2.5066282746),
-              1e-9);
+  const double density = std::exp(-z * z / 2) / std::sqrt(2 * std::numbers::pi);
+  EXPECT_NEAR(Raw(first.y), 1.75 * density / 0.9572688259587759, 1e-9);
 
   const Plot& cumulative = told.PlotOf("frmCumGauss");
   EXPECT_THAT(SizesOf(cumulative), ElementsAre(12, 100));

@@ -92,8 +92,11 @@ TEST(TwoSamples, WriteTheSheetOfTheFTest) {
   Columns swapped = Unequal();
   std::swap(swapped[0], swapped[1]);
   EXPECT_EQ(RunTest("f", swapped).Value(19, 2), told.Value(19, 2));
-  const Transcript equal = RunTest("f", {{"1", "2", "3"}, {"7", "8", "9"}});
-  ExpectNumbers(equal, {{19, 2, 1}, {19, 4, 1}});
+  // Both variances are 1: the first counts as the larger.  P = 2 (1 + 2 / 4)^-2 of 2 and 4 degrees
+  // of freedom; of 4 and 2 it would be 2 (1 - 4 / 9).
+  const std::vector<std::string> three{"1", "2", "3"}, five{"2", "0", "2", "0", "1"};
+  ExpectNumbers(RunTest("f", {three, five}), {{19, 2, 1}, {19, 4, 8.0 / 9}});
+  ExpectNumbers(RunTest("f", {five, three}), {{19, 2, 1}, {19, 4, 1}});
 }
 
 TEST(TwoSamples, WriteTheSheetOfTheMannWhitneyTest) {

@@ -88,6 +88,7 @@ TEST(PrecisionProfile, TakesPairsInAnyOrder) {
 
   const Transcript lines = RunAnalysis(kPrecisionProfile, pairs, Pairs({{"curve", "lines"}}));
   EXPECT_EQ(PointsText(lines.PlotOf("frmPrecPlot1").series[1]), "1,0.5 2,0.3 4,0.4 7,1");
+  // 100 SD / mean, by hand.
   EXPECT_EQ(PointsText(lines.PlotOf("frmPrecPlot2").series[1]), "1,50 2,15 4,10 7,14.285714286");
 }
 

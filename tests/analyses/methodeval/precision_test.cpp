@@ -121,7 +121,7 @@ TEST(PrecisionOfSeveralRuns, ReachesTheCertifiedComponents) {
     std::string name;
     double ms_between, ms_within, n, relative_error;
   };
-  // The values of SmLs04 carry an offset of a million, which leaves eight digits.
+  // The certified values of SmLs04 carry an offset of a million, which leaves eight digits.
   for (const Set& set : {Set{"SiRstv", 1.27865654e-2, 1.0831828e-2, 5, 1e-11},
                          Set{"SmLs04", 0.21, 0.01, 21, 1e-8}}) {
     const Columns runs = ReadDataFile("nist_anova_" + set.name + ".csv");

@@ -91,49 +91,52 @@ TEST(Deming, Refuses) {
   const std::string not_computed = "  Deming regression analysis could not be computed ";
   const std::string error = "Error occurred";
   const Settings duplicate{{"mode", "duplicate"}};
-  for (const Refused& refused : {
-           Refused{"too few",
-                   {{"1", "2", "3"}, {"1", "2", "3"}},
-                   {},
-                   {" n < 4: No regression analysis"}},
-           Refused{"no dispersion",
-                   {{"2", "2", "2", "2"}, {"1", "2", "3", "4"}},
-                   {},
-                   {" No dispersion of x values: no regression analysis "}},
-           Refused{"x equal in 32 bits",
-                   {{"2", "2.00000001", "2", "2"}, {"1", "2", "3", "4"}},
-                   {},
-                   {" No dispersion of x values: no regression analysis "}},
-           Refused{
-               "no covariance", {{"1", "2", "3", "4"}, {"1", "2", "2", "1"}}, {}, {not_computed}},
-           Refused{"no covariance without the last",
-                   {{"1", "2", "3", "9"}, {"1", "2", "1", "8"}},
-                   {},
-                   {not_computed}},
-           Refused{"x1 equal to x2",
-                   {{"1", "2", "3", "4"},
-                    {"1", "2", "3", "4"},
-                    {"1", "2", "4", "3"},
-                    {"2", "2", "4", "3"}},
-                   duplicate,
-                   {not_computed}},
-           Refused{"one unequal pair of y",
-                   {{"1", "2", "3", "4"},
-                    {"2", "2", "3", "5"},
-                    {"1", "2", "4", "3"},
-                    {"2", "2", "4", "3"}},
-                   duplicate,
-                   {not_computed}},
-           Refused{"a perfect line", {{"1", "2", "3", "4"}, {"1", "2", "3", "4"}}, {}, {error}},
-           Refused{"unequal columns",
-                   {{"1", "2", "3", "4"}, {"1", "2"}},
-                   {},
-                   {"Unequal number of observations in columns: No analysis", error}},
-       })
-    ExpectRefused(kDeming, refused);
+  ExpectEarlyEnds(
+      kDeming,
+      {
+          {"too few", {{"1", "2", "3"}, {"1", "2", "3"}}, {}, {" n < 4: No regression analysis"}},
+          {"no dispersion",
+           {{"2", "2", "2", "2"}, {"1", "2", "3", "4"}},
+           {},
+           {" No dispersion of x values: no regression analysis "}},
+          {"x equal in 32 bits",
+           {{"2", "2.00000001", "2", "2"}, {"1", "2", "3", "4"}},
+           {},
+           {" No dispersion of x values: no regression analysis "}},
+          {"no covariance", {{"1", "2", "3", "4"}, {"1", "2", "2", "1"}}, {}, {not_computed}},
+          {"no covariance without the last",
+           {{"1", "2", "3", "9"}, {"1", "2", "1", "8"}},
+           {},
+           {not_computed}},
+          {"x1 equal to x2",
+           {{"1", "2", "3", "4"}, {"1", "2", "3", "4"}, {"1", "2", "4", "3"}, {"2", "2", "4", "3"}},
+           duplicate,
+           {not_computed}},
+          {"y1 equal to y2",  // no ratio to be estimated
+           {{"1", "2", "3", "4"}, {"2", "2", "3", "5"}, {"1", "2", "4", "3"}, {"1", "2", "4", "3"}},
+           duplicate,
+           {not_computed}},
+          {"one unequal pair of y",
+           {{"1", "2", "3", "4"}, {"2", "2", "3", "5"}, {"1", "2", "4", "3"}, {"2", "2", "4", "3"}},
+           duplicate,
+           {not_computed}},
+          {"a perfect line", {{"1", "2", "3", "4"}, {"1", "2", "3", "4"}}, {}, {error}},
+          {"unequal columns",
+           {{"1", "2", "3", "4"}, {"1", "2"}},
+           {},
+           {"Unequal number of observations in columns: No analysis", error}},
+      });
   EXPECT_EQ(
       RunAnalysis(kDeming, DuplicateSet(), {{"mode", "duplicate"}, {"sd-ratio", "0"}}).outcome,
       Outcome::kDone);
+}
+
+// Points symmetrical about y = x, which is their line, and one upon it.
+TEST(Deming, KeepsTheSignOfADistanceOfZero) {
+  const Transcript told = RunAnalysis(
+      kDeming, {{"1", "2", "5", "6", "9"}, {"2", "1", "6", "5", "9"}}, {{"show-residuals", "on"}});
+  EXPECT_EQ(told.Value(62, 5), 0);
+  EXPECT_FALSE(std::signbit(told.Value(62, 5)));
 }
 
 // --- The fits without a row each, against fits of the other rows

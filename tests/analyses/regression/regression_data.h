@@ -1,12 +1,9 @@
 // Data and expectations that the tests of the regressions share.
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "app/example_data.h"
+#include "support/analysis_cases.h"
 #include "support/data_file.h"
-#include "support/transcript.h"
 
 namespace quorval::test {
 
@@ -38,22 +35,6 @@ inline Columns DuplicatesWithOutliers() {
     x2.push_back(std::stod(once[0][i] + (i % 2 == 0 ? ".1" : ".2")));
   }
   return {once[0], TextsOf(x2), once[1], TextsOf(y2)};
-}
-
-struct Number {
-  int row, column;
-  double value;
-};
-
-inline void ExpectNumbers(const Transcript& told, std::span<const Number> numbers,
-                          double digits = 1e-12) {
-  for (const auto& [row, column, value] : numbers) {
-    EXPECT_NEAR(told.Value(row, column), value, digits) << row << ", " << column;
-    EXPECT_EQ(told.sheet.At(column, row).look.type, CellType::kNumber) << row << ", " << column;
-  }
-}
-inline void ExpectNumbers(const Transcript& told, std::initializer_list<Number> numbers) {
-  ExpectNumbers(told, std::span<const Number>(numbers.begin(), numbers.size()));
 }
 
 // The numbers of one case of tests/independent/regressions.py.
@@ -104,31 +85,6 @@ inline void ExpectComputed(const Analysis& analysis, const ComputedCase& compute
   EXPECT_EQ(told.outcome, Outcome::kDone);
   EXPECT_THAT(told.boxes, testing::IsEmpty());
   ExpectNumbers(told, numbers, digits);
-}
-
-// --- Refusals and failures
-
-struct Refused {
-  std::string_view what;
-  Columns columns;
-  Settings settings;
-  std::vector<std::string> boxes;
-  int last_row = 0;  // of the sheet that remains
-};
-
-inline void ExpectRefused(const Analysis& analysis, const Refused& refused) {
-  SCOPED_TRACE(refused.what);
-  const Transcript told = RunAnalysis(analysis, refused.columns, refused.settings);
-  EXPECT_EQ(told.outcome, Outcome::kRefused);
-  EXPECT_THAT(told.boxes, testing::ElementsAreArray(refused.boxes));
-  EXPECT_EQ(told.sheet.DataRowCnt(), refused.last_row);
-  EXPECT_THAT(told.plots, testing::IsEmpty());
-}
-
-inline std::vector<std::size_t> SizesOf(const Plot& plot) {
-  std::vector<std::size_t> sizes;
-  for (const Series& series : plot.series) sizes.push_back(series.points.size());
-  return sizes;
 }
 
 }  // namespace quorval::test

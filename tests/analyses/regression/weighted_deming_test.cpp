@@ -22,6 +22,9 @@ TEST(WeightedDeming, ComputesItsNumbers) {
                "weighted-deming duplicate power 1.5 truncated",
                DuplicateSet(),
                {{"mode", "duplicate"}, {"weighting-exponent", "1.5"}, {"truncation-limit", "7"}}},
+           ComputedCase{"weighted-deming tenth step",  // the last that is taken
+                        {{"1", "4", "5", "5", "7", "12"}, {"3", "1", "8", "8", "9", "8"}},
+                        {}},
        })
     ExpectComputed(kWeightedDeming, computed, 1e-10);
 }
@@ -61,23 +64,24 @@ TEST(WeightedDeming, EqualsDemingWithWeightsOf1) {
 TEST(WeightedDeming, Refuses) {
   const std::string negative = " Negative or zero numbers: No regression analysis ";
   const std::string no_convergence = " No convergence in iterative Weighted Deming analysis ";
-  for (const Refused& refused : {
-           Refused{"a single negative measurement whose mean is positive",
-                   {{"1", "-2"}, {"1", "6"}, {"1", "2"}, {"1", "2"}},
-                   {{"mode", "duplicate"}},
-                   {negative}},
-           Refused{"too few",
-                   {{"1", "2", "3"}, {"1", "2", "3"}},
-                   {},
-                   {" n < 4: No regression analysis"}},
-           Refused{"a place on the line that is not positive",
-                   {{"1", "2", "3", "4"}, {"8", "4", "0.1", "0.1"}},
-                   {},
-                   {no_convergence}},
-           Refused{
-               "no covariance", {{"1", "2", "3", "4"}, {"1", "2", "2", "1"}}, {}, {no_convergence}},
-       })
-    ExpectRefused(kWeightedDeming, refused);
+  ExpectEarlyEnds(
+      kWeightedDeming,
+      {
+          {"a single negative measurement whose mean is positive",
+           {{"1", "-2"}, {"1", "6"}, {"1", "2"}, {"1", "2"}},
+           {{"mode", "duplicate"}},
+           {negative}},
+          {"too few", {{"1", "2", "3"}, {"1", "2", "3"}}, {}, {" n < 4: No regression analysis"}},
+          {"a place on the line that is not positive",
+           {{"1", "2", "3", "4"}, {"8", "4", "0.1", "0.1"}},
+           {},
+           {no_convergence}},
+          {"an eleventh step",
+           {{"4", "5", "5", "9", "10"}, {"6", "2", "9", "5", "10"}},
+           {},
+           {no_convergence}},
+          {"no covariance", {{"1", "2", "3", "4"}, {"1", "2", "2", "1"}}, {}, {no_convergence}},
+      });
 }
 
 // --- The fits without a row each, against a plain fit of the other rows
