@@ -178,42 +178,5 @@ TEST(OneSample, GoesOnWithoutANormalityTest) {
   EXPECT_EQ(told.Text(16, 2), "");
 }
 
-TEST(OneSample, EndsEarlyWithItsBoxes) {
-  const Columns values{kGlucose};
-  const std::string error = "Error";
-  const auto percentiles = [](Settings more = {}) {
-    more.emplace_back("percentiles", "on");
-    return more;
-  };
-  ExpectEarlyEnds(
-      kOneSample,
-      {{"two values", {{"1", "2"}}, {}, {" N < 3: No General Statistics! "}},
-       {"column 0",
-        values,
-        {{"column", "0"}},
-        {"Selected column number should be positive integer =< 30!", error}},
-       {"column empty", values, {{"column", ""}}, {error}},
-       {"a word", {{"1", "2", "n.d."}}, {}, {error}},
-       {"all equal", {{"2", "2", "2"}}, {}, {"Error in skewness sub", error}},
-       {"limit empty", values, {{"outlier-limit", ""}}, {error}},
-       {"limit a word", values, {{"outlier-limit", "x"}}, {error}},
-       {"percentiles of three", {{"1", "2", "4"}}, percentiles(), {error}},
-       {"percentiles of four", {{"1", "2", "4", "5"}}, percentiles(), {error}},
-       {"a percentile that is a word", values, percentiles({{"percentile2", "x"}}), {error}},
-       {"absolute class count a word",
-        values,
-        {{"absolute-classes", "user"}, {"absolute-class-count", "x"}},
-        {"Error in histogram display", error},
-        19},
-       {"relative class count a word",
-        values,
-        {{"relative-classes", "user"}, {"relative-class-count", "x"}},
-        {"Error in histogram display with gauss distribution", error},
-        19}});
-  EXPECT_EQ(RunAnalysis(kOneSample, {{"1", "2", "3", "4", "6"}}, percentiles()).outcome,
-            Outcome::kDone);
-  EXPECT_EQ(kOneSample.procedures.front().failure.aftermath, Aftermath::kWindowNotShown);
-}
-
 }  // namespace
 }  // namespace quorval::test

@@ -75,24 +75,5 @@ TEST(SeveralSamples, ContinueAListOfOutliersThatIsWiderThanTheSheet) {
   EXPECT_THAT(LinesOf(told.sheet, 18), ElementsAre("18:|||3.0000|1.0000|3.0000"));
 }
 
-TEST(SeveralSamples, EndEarlyWithTheirBoxes) {
-  const Columns three{{"1", "2"}, {"3", "4"}, {"5"}};
-  const std::string option = "Incompatible option value(s)";
-  const std::string column = " Selected column no. < 1 or > 500: No analysis ";
-  const std::string small = " Sample size < 2: No analysis ";
-  ExpectEarlyEnds(
-      kSeveralSamples,
-      {{"last below start", three, From("3", "2"), {column}},
-       {"one value", three, From("2", "4"), {small}},
-       {"column 500, empty", three, From("500", "500"), {small}},
-       {"all equal",
-        {{"3", "3"}, {"3", "3", "3"}},
-        From("2", "3"),
-        {" No dispersion in variables: No analysis "}},
-       {"a short column before a word", {{"3"}, {"n.d.", "2"}}, From("2", "3"), {small}},
-       {"a word", {{"n.d.", "2"}, {"3"}}, From("2", "3"), {"Error occurred"}}});
-  EXPECT_EQ(kSeveralSamples.procedures.front().failure.aftermath, Aftermath::kWindowNotShown);
-}
-
 }  // namespace
 }  // namespace quorval::test

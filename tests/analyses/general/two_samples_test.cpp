@@ -179,42 +179,5 @@ TEST(TwoSamples, DrawGroupsOrDifferencesInRowOrder) {
   }
 }
 
-TEST(TwoSamples, EndEarlyWithTheirBoxes) {
-  const Columns both{kGlucose, kAfter};
-  const std::string few = " N < 3: No group comparison! ";
-  const std::string unequal = "Unequal size of groups 1 and 2: No paired analysis";
-  const std::string error = "Error";
-  const std::vector<std::string> four{"1", "2", "3", "4"}, five{"1", "2", "3", "4", "5"},
-      flat{"2", "2", "2", "2"};
-  const auto test = [](const char* word) { return Settings{{"test", word}}; };
-  std::vector<std::string> many;
-  for (int i = 0; i < 200; ++i) many.push_back(std::to_string(i));
-  const std::string column = "Selected column number should be positive integer =< 30!";
-  ExpectEarlyEnds(
-      kTwoSamples,
-      {{"two values in the first", {{"1", "2"}, four}, {}, {few}},
-       {"two values in the second", {four, {"1", "2"}}, {}, {few}},
-       {"column 0", both, {{"first-column", "0"}}, {column, error}},
-       {"column 501", both, {{"second-column", "501"}}, {column, error}},
-       {"column a word", both, {{"first-column", "x"}}, {error}},
-       {"column empty", both, {{"second-column", ""}}, {error}},
-       {"a word", {four, {"1", "2", "n.d."}}, {}, {error}},
-       {"beyond 32 bits", {four, {"1", "2", "1e39"}}, {}, {error}},
-       {"flat, t", {flat, flat}, {}, {"Error in t-test routine", error}},
-       {"flat, paired t",
-        {flat, flat},
-        test("paired-t"),
-        {"Error in paired t-test routine", error}},
-       {"flat, F", {four, flat}, test("f"), {"Variance value of zero: no analysis", error}},
-       {"F of many", {many, many}, test("f"), {"Error in F-test routine", error}},
-       {"unequal, paired t", {four, five}, test("paired-t"), {unequal, error}},
-       {"unequal, Wilcoxon", {four, five}, test("wilcoxon"), {unequal, error}},
-       {"a group of 4",
-        {four, five},
-        test("mann-whitney"),
-        {"Mann-Whitney test is not performed if sample size is below 5 in a group", error}}});
-  EXPECT_EQ(kTwoSamples.procedures.front().failure.aftermath, Aftermath::kWindowNotShown);
-}
-
 }  // namespace
 }  // namespace quorval::test

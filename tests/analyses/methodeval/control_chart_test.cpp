@@ -116,26 +116,5 @@ TEST(ControlChart, TakesLabelsAndValuesFromTheLastColumn) {
   EXPECT_THAT(LinesOf(told.sheet, 18), ElementsAre("18:|1|1.0000", "19:|2|2.0000"));
 }
 
-TEST(ControlChart, EndsEarlyWithItsBoxes) {
-  const Columns three = Control("6", "1", {"5", "6", "7"});
-  const std::string no_values = " Selected column no. < 1 or > 500: No analysis ";
-  const std::string no_dispersion = " No dispersion in variables: No analysis ";
-  const std::string failure = "Error occurred in control chart analysis";
-  ExpectEarlyEnds(
-      kControlChart,
-      {{"no values", three, {{"value-column", "31"}}, {no_values}},
-       {"all equal", Control("6", "1", {"5", "5"}), {}, {no_dispersion}},
-       {"one value", Control("6", "1", {"5"}), {}, {no_dispersion}},
-       {"all missing", Control("6", "1", {"-1", "-2"}), {}, {" Sample size < 2: No analysis "}},
-       {"one valid value", Control("6", "1", {"5", "-1"}), {}, {" Sample size < 2: No analysis "}},
-       {"a word", Control("6", "1", {"5", "n.d."}), {}, {failure}},
-       {"no assigned mean", Control("", "1", {"5", "6"}), {}, {failure}},
-       {"no assigned SD", Control("6", "", {"5", "6"}), {}, {failure}},
-       {"date column 0", three, {{"date-column", "0"}}, {failure}},
-       {"date column 501", three, {{"date-column", "501"}}, {failure}},
-       {"date column a word", three, {{"date-column", "d"}}, {failure}}});
-  ExpectWindowCloses(kControlChart);
-}
-
 }  // namespace
 }  // namespace quorval::test

@@ -97,33 +97,6 @@ TEST(DetectionLimitBySd, ListsThreeOutliersAndTellsOfMore) {
                   "35:More than 3 outliers that are not shown "));
 }
 
-TEST(DetectionLimitBySd, EndsEarlyWithItsBoxes) {
-  const std::string no_dl = "No column no. was selected for DL analysis!";
-  const std::string no_loq = "No column no. was selected for LOQ analysis!";
-  const Columns two{{"1", "2"}, {"3", "5"}};
-  const auto with = [](std::string key, std::string text) {
-    return DlAndLoq({{std::move(key), std::move(text)}});
-  };
-  ExpectEarlyEnds(
-      kDetectionLimit,
-      {{"no columns", two, {}, {no_dl}},
-       {"neither asked for", two, DlAndLoq({{"dl", "off"}, {"loq", "off"}}), {no_dl}},
-       {"LOQ column missing before DL column out of range",
-        two,
-        DlAndLoq({{"dl-column", "0"}, {"loq-column", ""}}),
-        {no_loq}},
-       {"DL column 500", two, with("dl-column", "500"), {kRunColumn}},
-       {"DL column 31", two, with("dl-column", "31"), {kRunColumn}},
-       {"DL column 30", two, with("dl-column", "30"), {kTooFew}},
-       {"LOQ column 31: the DL block stands", two, with("loq-column", "31"), {kRunColumn}, 13},
-       {"one value", {{"1"}, {"1", "2"}}, DlAndLoq(), {kTooFew}},
-       {"two equal values", {{"1", "1"}, {"1", "2"}}, DlAndLoq(), {kNoDispersion}},
-       {"a word", {{"1", "n.d."}, {"1", "2"}}, DlAndLoq(), {kFailure}},
-       {"number of SDs empty", two, with("dl-sds", ""), {kFailure}},
-       {"number of SDs of the LOQ a word", two, with("loq-sds", "x"), {kFailure}, 13}});
-  ExpectWindowCloses(kDetectionLimit);
-}
-
 // --- B: type I and II errors
 
 Settings Ep17(const Settings& more = {}) {
@@ -204,31 +177,6 @@ TEST(LimitOfDetection, ReportsOutliersOfEachLowSample) {
   EXPECT_THAT(LinesOf(told.sheet, 17), ElementsAre("17:Outlier(s) in low sample",
                                                    "18:Outlier(s) in low sample no.:||1|30.0000",
                                                    "19:Outlier(s) in low sample no.:||3|9.0000"));
-}
-
-TEST(LimitOfDetection, EndsEarlyWithItsBoxes) {
-  const std::string extreme = "Selected percentile as LoB too extreme at given sample size";
-  const std::vector<std::string> ten{"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"};
-  const std::vector<std::string> nine(ten.begin(), ten.end() - 1);
-  const Columns good{ten, {"20", "22"}};
-  const auto with = [](std::string key, std::string text) {
-    return Ep17({{"last-column", "3"}, {std::move(key), std::move(text)}});
-  };
-  const Settings one_low = Ep17({{"last-column", "3"}});
-  ExpectEarlyEnds(kDetectionLimit,
-                  {{"last column 500", good, with("last-column", "500"), {kRunColumn}},
-                   {"last column 31", good, with("last-column", "31"), {kRunColumn}},
-                   {"last column 30", good, with("last-column", "30"), {kTooFew}},
-                   {"last below start", good, with("last-column", "2"), {kRunColumn}},
-                   {"no blanks in column 500", good, with("blank-column", "500"), {kTooFew}},
-                   {"blanks all equal", {{"1", "1"}, {"20", "22"}}, one_low, {kNoDispersion}},
-                   {"alpha empty", good, with("alpha", ""), {"Type I error (alpha) not specified"}},
-                   {"alpha a word", good, with("alpha", "x"), {kFailure}},
-                   {"nine blanks at alpha 5", {nine, {"20", "22"}}, one_low, {extreme}},
-                   {"alpha 4.9 of ten", good, with("alpha", "4.9"), {extreme}},
-                   {"alpha 96 of ten", good, with("alpha", "96"), {extreme}},
-                   {"a low sample of one value", {ten, {"20"}}, one_low, {kTooFew}},
-                   {"a word", {ten, {"20", "n.d."}}, one_low, {kFailure}}});
 }
 
 }  // namespace

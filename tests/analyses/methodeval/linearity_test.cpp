@@ -283,68 +283,6 @@ TEST(LinearityByPolynomial, DrawsTheFitsAndTheDeviations) {
   EXPECT_EQ(PointsText(deviations.series[1]), "2,0 13.8,0");
 }
 
-// --- Refusals and failures
-
-TEST(Linearity, EndsEarlyWithItsBoxes) {
-  const Columns good{{"1", "1", "2"}, {"2", "2", "4"}, {"4", "3", "5"}};
-  const std::string option = "Incompatible option value(s)";
-  const std::string column = " Selected column no. < 1 or > 30: No analysis ";
-  const std::string levels = " Less than three x levels: No analysis ";
-  const std::string replicates = " Less than two y values at each x level: No analysis ";
-  const std::string routine = "Error in linearity evaluation";
-  const std::string failure = "Error occurred in Linearity analysis";
-  const auto wlr = [](std::string key, std::string text) {
-    return Columns2To("4", {{"procedure", "wls"}, {std::move(key), std::move(text)}});
-  };
-  ExpectEarlyEnds(
-      kLinearity,
-      {{"last 500", good, Columns2To("500"), {column}},
-       {"last 31", good, Columns2To("31"), {column}},
-       {"last 30", good, Columns2To("30"), {replicates}},
-       {"two levels", good, Columns2To("3"), {levels}},
-       {"last below start", good, Columns2To("1"), {levels}},
-       {"one replicate",
-        {{"1", "1", "2"}, {"2", "2"}, {"4", "3", "5"}},
-        Columns2To("4"),
-        {replicates}},
-       {"a word",
-        {{"1", "1", "2"}, {"2", "2", "n.d."}, {"4", "3", "5"}},
-        Columns2To("4"),
-        {failure}},
-       {"x of 0, weighted",
-        {{"0", "1", "2"}, {"2", "2", "4"}, {"4", "3", "5"}},
-        wlr("weighting-exponent", "0"),
-        {"Negative or zero x values in weighted linearity evaluation: no analysis"}},
-       {"x of 0 before an exponent that is a word",
-        {{"0", "1", "2"}, {"2", "2", "4"}, {"4", "3", "5"}},
-        wlr("weighting-exponent", "two"),
-        {"Negative or zero x values in weighted linearity evaluation: no analysis"}},
-       {"exponent empty", good, wlr("weighting-exponent", ""), {failure}},
-       {"truncation limit a word", good, wlr("truncation-limit", "x"), {failure}},
-       {"equal x", {{"2", "1", "2"}, {"2", "2", "4"}, {"2", "3", "5"}}, Columns2To("4"), {routine}},
-       {"equal replicates",
-        {{"1", "1", "1"}, {"2", "4", "4"}, {"3", "3", "3"}},
-        Columns2To("4"),
-        {routine}},
-       {"means on a line: F is 0, and no dispersion around the line",
-        {{"1", "0", "2"}, {"2", "1", "3"}, {"3", "2", "4"}},
-        Columns2To("4"),
-        {routine},
-        17},
-       {"degree 3 on three levels", good, Polynomial("4", {{"degree", "3"}}), {failure}},
-       {"degree 2 on two different x",
-        {{"1", "1", "2"}, {"2", "2", "4"}, {"2", "3", "5"}},
-        Polynomial("4"),
-        {failure}},
-       {"goal empty", good, Polynomial("4", {{"goal", "absolute"}}), {failure}},
-       {"goal a word", good, Polynomial("4", {{"percent-goal", "x"}}), {failure}},
-       {"too many values for the F distribution",
-        {std::vector<std::string>(200, "1"), std::vector<std::string>(200, "2"), {"3", "4", "6"}},
-        Polynomial("4"),
-        {failure}}});
-  ExpectWindowCloses(kLinearity);
-}
-
 TEST(Linearity, GuardsItsRoutines) {
   RecordedMessages messages;
   const std::vector<methodeval::linearity::DilutionLevel> two{{1, {1, 2}, 1.5}, {2, {2, 3}, 2.5}};

@@ -122,32 +122,6 @@ TEST(PrecisionProfile, ShowsALevelOfASingleValue) {
               ElementsAre("9:5.0000|0.0000|0.0000|1", "10:7.0000|0.0000|0.0000|2"));
 }
 
-TEST(PrecisionProfile, EndsEarlyWithItsBoxes) {
-  const Columns two{{"1", "2"}, {"3", "5"}};
-  const std::string option = "Incompatible option value(s)";
-  const std::string too_few = " Sample size < 1: No analysis ";
-  const std::string above_30 = " Selected column no. < 1 or > 30: No analysis ";
-  const std::string failure = "Error occurred in Precision Profile analysis";
-  ExpectEarlyEnds(kPrecisionProfile,
-                  {{"columns 2 to 500", two, Raw("2", "500"), {too_few}},
-                   {"column 31", two, Raw("31", "31"), {too_few}},
-                   {"last below start",
-                    two,
-                    Raw("3", "2"),
-                    {" Selected column no. < 1 or > 500: No analysis "}},
-                   {"a word", {{"1", "n.d."}}, Raw("2", "2"), {failure}},
-                   {"one level", two, Raw("2", "2"), {failure}, 11},
-                   {"equal levels", {{"1", "3"}, {"0", "4"}}, Raw("2", "3"), {failure}, 12},
-                   {"level column 500", two, Pairs({{"level-column", "500"}}), {above_30}},
-                   {"SD column 31", two, Pairs({{"sd-column", "31"}}), {above_30}},
-                   {"SD column 30", two, Pairs({{"sd-column", "30"}}), {too_few}},
-                   {"no levels", {{}, {"1"}}, Pairs(), {too_few}},
-                   {"a level without SD", {{"1", "2"}, {"1"}}, Pairs(), {failure}},
-                   {"one pair", {{"1"}, {"1"}}, Pairs(), {failure}, 8},
-                   {"equal levels of pairs", {{"1", "1"}, {"1", "2"}}, Pairs(), {failure}, 9}});
-  ExpectWindowCloses(kPrecisionProfile);
-}
-
 TEST(PrecisionProfile, JoinsWhatTheSplineCannot) {
   const Settings lines{{"curve", "lines"}};
   EXPECT_EQ(RunAnalysis(kPrecisionProfile, {{"1", "2"}}, Raw("2", "2", lines)).outcome,

@@ -170,32 +170,6 @@ TEST(PrecisionOfSeveralRuns, GoesOnAfterARunWithoutDispersion) {
               ElementsAre("Error in outlier evaluation", "Error in outlier evaluation"));
 }
 
-// --- Refusals and failures
-
-TEST(Precision, EndsEarlyWithItsBoxes) {
-  const Columns runs{{"1", "2"}, {"3", "5"}};
-  const std::string dialog = "Selected column no. < 1 or > 30!";
-  const std::string option = "Incompatible option value(s)";
-  const std::string column = " Selected column no. < 1 or > 30: No analysis ";
-  const std::string failure = "Error occurred in Precision analysis";
-  ExpectEarlyEnds(
-      kPrecision,
-      {{"column 500", runs, {{"column", "500"}}, {column}},
-       {"column 31", runs, {{"column", "31"}}, {column}},
-       {"column 30, empty", runs, {{"column", "30"}}, {" Sample size < 2: No analysis "}},
-       {"column before limit", runs, {{"outlier-limit", "0"}, {"column", "0"}}, {dialog}},
-       {"one value", {{"1"}}, {}, {" Sample size < 2: No analysis "}},
-       {"all equal", {{"1", "1"}}, {}, {" No dispersion in variables: No analysis "}},
-       {"a word", {{"1", "n.d."}}, {}, {failure}},
-       {"last 500", runs, Several("2", "500"), {column}},
-       {"last 31", runs, Several("2", "31"), {column}},
-       {"last below start", runs, Several("3", "2"), {column}},
-       {"an empty run", runs, Several("2", "30"), {" Sample size < 1: No analysis "}},
-       {"a run of one value", {{"1", "2"}, {"3"}}, Several("2", "3"), {failure}},
-       {"one run", runs, Several("2", "2"), {failure}}});
-  ExpectWindowCloses(kPrecision);
-}
-
 TEST(Precision, LooksAtTheOptionsOfItsModeAlone) {
   const Columns runs{{"1", "2"}, {"3", "5"}};
   EXPECT_EQ(RunAnalysis(kPrecision, runs, {{"several-outlier-limit", "0"}}).outcome,

@@ -111,39 +111,5 @@ TEST(TruenessProfile, GoesOnAfterALevelWithoutDispersion) {
   EXPECT_EQ(told.Value(11, 4), 0);
 }
 
-TEST(TruenessProfile, EndsEarlyWithItsBoxes) {
-  const Columns two{{"1", "2", "3"}, {"3", "5", "6"}};
-  const std::string option = "Incompatible option value(s)";
-  const std::string column = " Selected column no. < 1 or > 30: No analysis ";
-  const std::string measured = " Sample size for measured values at given level < 2: No analysis ";
-  const std::string too_few = " Sample size < 1: No analysis ";
-  const std::string raw_failure = "Error occurred in Trueness Profile analysis";
-  const std::string pair_failure = "Error occurred in trueness Profile analysis";
-  ExpectEarlyEnds(kTruenessProfile,
-                  {{"last 500", two, Raw("2", "500"), {column}},
-                   {"start 31", two, Raw("31", "31"), {column}},
-                   {"last below start", two, Raw("3", "2"), {column}},
-                   {"column 30", two, Raw("30", "30"), {measured}},
-                   {"one measured value", {{"1", "2", "3"}, {"1", "2"}}, Raw("2", "3"), {measured}},
-                   {"a word", {{"1", "2", "n.d."}}, Raw("2", "2"), {raw_failure}},
-                   {"a true value in words", {{"zero", "2", "3"}}, Raw("2", "2"), {raw_failure}},
-                   {"true column 500", two, Pairs({{"true-column", "500"}}), {column}},
-                   {"mean column 31", two, Pairs({{"mean-column", "31"}}), {column}},
-                   {"SEM column a word", two, Pairs({{"sem-column", "x"}}), {pair_failure}},
-                   {"SEM column 31", two, Pairs({{"sem-column", "31"}}), {column}},
-                   {"no means", {{"1"}}, Pairs(), {too_few}},
-                   {"a word before no means", {{"one"}}, Pairs(), {pair_failure}},
-                   {"a word for too few", {{"1", "n.d."}}, Raw("2", "2"), {raw_failure}},
-                   {"no true values", {{}, {"1"}}, Pairs(), {too_few}},
-                   {"a true value without mean", {{"1", "2"}, {"1"}}, Pairs(), {pair_failure}},
-                   {"a mean without SEM",
-                    {{"1", "2"}, {"1", "2"}, {"1"}},
-                    Pairs({{"sem-column", "4"}}),
-                    {pair_failure}}});
-  ExpectWindowCloses(kTruenessProfile);
-  EXPECT_EQ(RunAnalysis(kTruenessProfile, two, Pairs({{"outlier-limit", "0"}})).outcome,
-            Outcome::kDone);
-}
-
 }  // namespace
 }  // namespace quorval::test
