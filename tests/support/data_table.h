@@ -26,6 +26,13 @@ struct TableLine {
   }
 };
 
+inline Words WordsOf(const std::string& text) {
+  Words words;
+  std::istringstream in(text);
+  for (std::string word; in >> std::quoted(word);) words.push_back(word);
+  return words;
+}
+
 inline std::vector<TableLine> ReadTable(const std::string& file_name) {
   std::vector<TableLine> lines;
   std::string section;
@@ -38,8 +45,7 @@ inline std::vector<TableLine> ReadTable(const std::string& file_name) {
     }
     const std::size_t end = text.find(" |");
     TableLine& line = lines.emplace_back(TableLine{section, text.substr(0, end), {{}}});
-    std::istringstream words(text.substr(std::min(text.size(), end + 2)));
-    for (std::string word; words >> std::quoted(word);)
+    for (const std::string& word : WordsOf(text.substr(std::min(text.size(), end + 2))))
       if (word == "|")
         line.fields.emplace_back();
       else

@@ -8,7 +8,6 @@ namespace {
 
 using testing::DoubleNear;
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::IsEmpty;
 using testing::SizeIs;
 

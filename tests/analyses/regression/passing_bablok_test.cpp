@@ -12,7 +12,6 @@ namespace {
 using regression::kPassingBablok;
 using regression::PassingBablokFit;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST(PassingBablok, ComputesItsNumbers) {
   for (const ComputedCase& computed :
