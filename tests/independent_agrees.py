@@ -78,6 +78,6 @@ def faults_of_test(path):
 
 
 faults = [fault for name, commands in MAKERS.items() for fault in faults_of_data(name, commands)]
-for path in sorted([*TESTS.rglob("*.cpp"), *TESTS.rglob("*.h")]):
+for path in sorted([*TESTS.rglob("*.cpp"), *TESTS.rglob("*.h"), TESTS / "data/sheets.txt"]):
     faults += faults_of_test(path)
 sys.exit("\n".join(faults) or None)

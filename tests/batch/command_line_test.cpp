@@ -10,7 +10,6 @@ namespace {
 
 using testing::HasSubstr;
 using testing::Not;
-using testing::StartsWith;
 
 const std::string kDemo = "XY Regression Single";
 

@@ -16,7 +16,6 @@ namespace quorval {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class AnalysisTest : public test::Desktop {
  protected:

@@ -76,10 +76,4 @@ inline void ExpectEarlyEnds(const Analysis& analysis, const std::vector<EarlyEnd
   }
 }
 
-// Every procedure closes its results window when a run fails.
-inline void ExpectWindowCloses(const Analysis& analysis) {
-  for (const Procedure& procedure : analysis.procedures)
-    EXPECT_EQ(procedure.failure.aftermath, Aftermath::kWindowCloses) << procedure.window;
-}
-
 }  // namespace quorval::test

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <algorithm>
+#include <fstream>
 #include <string>
 #include <vector>
 
 #include "core/results_sheet.h"
+#include "support/data_folder.h"
 
 namespace quorval::test {
 
@@ -27,6 +29,20 @@ inline Lines LinesOf(const Grid& sheet, int first_row = 1, int last_row = Result
       gap += '|';
     }
     if (!cells.empty()) lines.push_back(std::to_string(row) + ":" + cells);
+  }
+  return lines;
+}
+
+// The section of that name in tests/data/sheets.txt.
+inline Lines SheetOf(const std::string& name) {
+  std::ifstream file(DataFile("sheets.txt"));
+  Lines lines;
+  bool inside = false;
+  for (std::string line; std::getline(file, line);) {
+    if (line.starts_with('[')) inside = line == "[" + name + "]";
+    if (!inside || line.empty() || line.starts_with('[')) continue;
+    if (line.ends_with('$')) line.pop_back();
+    lines.push_back(line);
   }
   return lines;
 }

@@ -26,27 +26,7 @@ TEST(CompareTests, WritesItsSheetOnTheExample) {
   const Transcript told = RunOnExample(kExample, kCompareTests, kWithSE);
   ASSERT_EQ(told.outcome, Outcome::kDone);
   EXPECT_THAT(told.boxes, IsEmpty());
-  EXPECT_THAT(
-      LinesOf(told.sheet),
-      ElementsAre(
-          "2:*  ROC-Curve results for two diagnostic tests",
-          "3:  Project:|Demo Paired Comparison of two diagnostic tests", "4:  Analyst: ||  Date: ",
-          "5:*  Diagnostic test 1 (blue curve): ", "6:  First sample (Healthy group):   Col: |2",
-          "7:  Number of observations for healthy group: |25",
-          "8:  Variable name for healthy group:|Non-dis. 1",
-          "10:  Second sample (Diseased group): Col: |3",
-          "11:  Variable name for diseased group:|Dis. 1",
-          "12:  Number of observations for second group: |25",
-          "14:  Area under ROC-Curve for test 1:  |0.8752",
-          "16:*  Diagnostic test 2 (Red curve): ", "17:  First sample (Healthy group):   Col: |4",
-          "18:  Number of observations for healthy group: |25",
-          "19:  Variable name for healthy group:|Non-dis 2",
-          "20:  Second sample (Diseased group): Col: |5",
-          "21:  Variable name for diseased group:|Dis. 2",
-          "22:  Number of observations for second group: |25",
-          "23:  Area under ROC-Curve for test 2:  |0.9360",
-          "24: Area Difference (Test2-Test1): |0.0608", "25:  SE of Area difference:  |0.0251",
-          "26:  95%-Confidence limits: |0.0104|0.1112"));
+  EXPECT_EQ(LinesOf(told.sheet), SheetOf("CompareTests, writes its sheet on the example"));
   EXPECT_EQ(RunOnExample(kExample, kCompareTests).sheet.DataRowCnt(), 24);
 }
 

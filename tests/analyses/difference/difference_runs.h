@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "analyses/registry.h"
-#include "support/transcript.h"
+#include "support/analysis_cases.h"
 
 namespace quorval::test {
 
@@ -51,12 +51,6 @@ inline Columns PairsWithDifferences(int n, int outside) {
     columns[1].push_back(std::to_string(100 + i % 7 + d));
   }
   return columns;
-}
-
-inline std::vector<std::size_t> SizesOf(const Plot& plot) {
-  std::vector<std::size_t> sizes;
-  for (const Series& series : plot.series) sizes.push_back(series.points.size());
-  return sizes;
 }
 
 }  // namespace quorval::test

@@ -23,52 +23,7 @@ TEST(DifferenceSingle, WritesItsSheetWithFractions) {
   const Transcript told = RunDifference(MadeColumns(), {{"outlier-limit", "1.5"}});
   ASSERT_EQ(told.outcome, Outcome::kDone);
   EXPECT_THAT(told.boxes, IsEmpty());
-  EXPECT_EQ(LinesOf(told.sheet),
-            (Lines{
-                "2:*  Results of Difference plots (single)(row 1 - 80)",
-                "3:  Project:|Peak flow",
-                "4:  Analyst: ||  Date: ",
-                "5:  Analyte: ",
-                "6:  Number of (x, y) data points|24",
-                "7:  x: Col no.|2",
-                "8:  y: Col no.|3",
-                "11:  Mean of X:|125.000000",
-                "12:  SD of X:|70.710678",
-                "13:  Range of X:|10.000000|240.000000",
-                "14:  Mean of Y:|124.916667",
-                "15:  SD of Y:|70.064049",
-                "16:  Range of Y:|16.000000|239.500000",
-                "18:  Mean paired Y - X difference and SEM: |-0.083333|2.113763",
-                "19:  t-test for paired absolute Y - X differences:",
-                "20:  t and P:|-0.039424| n.s.",
-                "21:  95%-interval for differences: |-21.508414|21.341747",
-                "22:  t-95% and SD of differences |2.069000|10.355283",
-                "24:  Correlation abs. diff. plot: r= |0.418576| 0.01 < P < 0.05 ",
-                "28:  Number of outliers identified|6",
-                "29:  Outlier limit: No. of SDs|1.500000",
-                "31:  No.|13",
-                "32:  Outlier (x, y)|130.000000|150.000000",
-                "33:  No.|15",
-                "34:  Outlier (x, y)|150.000000|130.000000",
-                "35:  No.|17",
-                "36:  Outlier (x, y)|170.000000|190.000000",
-                "37:  No.|19",
-                "38:  Outlier (x, y)|190.000000|170.000000",
-                "39:  No.|21",
-                "40:  Outlier (x, y)|210.000000|230.000000",
-                "41:More than 5 outlier pairs which are not displayed ",
-                "43:*Results for relative Y-X difference plot",
-                "47:  Mean rel. paired Y - X difference and SEM: |0.016252|0.023310",
-                "48:  t-test for paired relative Y - X differences:",
-                "49:  t and P:|0.697233| n.s.",
-                "50:  95%-interval for rel. differences: |-0.220015|0.252519",
-                "51:  t-95% and SD of differences |2.069000|0.114194",
-                "53:  Correlation rel. diff. plot: r= |-0.226193| n.s.",
-                "55:  Number of outliers identified|1",
-                "56:  Outlier limit: No. of SDs|1.500000",
-                "60:  No.|1",
-                "61:  Outlier (x, y)|10.000000|16.000000",
-            }));
+  EXPECT_EQ(LinesOf(told.sheet), SheetOf("DifferenceSingle, writes its sheet with fractions"));
   EXPECT_EQ(told.sheet.At(2, 31).look.type, CellType::kEdit);
 }
 
@@ -76,28 +31,7 @@ TEST(DifferenceSingle, WritesItsSheetWithPercents) {
   const Transcript told = RunPeakFlow({{"scale", "percent"}, {"show-data", "on"}});
   ASSERT_EQ(told.outcome, Outcome::kDone);
   EXPECT_EQ(LinesOf(told.sheet, 18, 75),
-            (Lines{
-                "18:  Mean paired Y - X difference and SEM: |-2.117647|9.401925",
-                "19:  t-test for paired Y - X differences:",
-                "20:  t and P:|-0.225235| n.s.",
-                "21:  95%-interval for differences: |-84.299722|80.064428",
-                "22:  t-95% and SD of differences |2.120000|38.765130",
-                "24:  Correlation abs. diff. plot: r= |-0.399699| n.s.",
-                "28:  No outliers identified",
-                "29:  Outlier limit: No. of SDs|4.000000",
-                "43:*Results for percent Y-X difference plot",
-                "47:  Mean percent paired Y - X difference and SEM: |-1.158314|2.934292",
-                "48:  t-test for paired percent Y - X differences:",
-                "49:  t and P:|-0.394751| n.s.",
-                "50:  95%-interval for percent differences: |-26.806911|24.490283",
-                "51:  t-95% and SD of percent differences |2.120000|12.098395",
-                "53:  Correlation percent diff. plot: r= |-0.588684| 0.01 < P < 0.05 ",
-                "55:  No outliers identified",
-                "56:  Outlier limit: No. of SDs|4.000000",
-                "73:Display of x, y, diffs and percent diffs",
-                "74:X|Y|Y-X|Percent Y-X",
-                "75:512.000000|494.000000|-18.000000|-3.578529",
-            }));
+            SheetOf("DifferenceSingle, writes its sheet with percents"));
   EXPECT_EQ(LinesOf(told.sheet, 91), Lines{"91:451.000000|427.000000|-24.000000|-5.466970"});
 }
 
@@ -117,12 +51,8 @@ TEST(DifferenceSingle, ClassesItsCorrelationBy2DegreesOfFreedomLessThanPairs) {
 
 TEST(DifferenceSingle, ListsFractionsUnderTheirOwnHeads) {
   const Transcript told = RunDifference(MadeColumns(), {{"show-data", "on"}});
-  EXPECT_EQ(LinesOf(told.sheet, 73, 76), (Lines{
-                                             "73:Display of x, y, diffs and rel. diffs",
-                                             "74:X|Y|Y-X|Rel. Y-X",
-                                             "75:10.000000|16.000000|6.000000|0.461538",
-                                             "76:20.000000|19.000000|-1.000000|-0.051282",
-                                         }));
+  EXPECT_EQ(LinesOf(told.sheet, 73, 76),
+            SheetOf("DifferenceSingle, lists fractions under their own heads"));
   EXPECT_EQ(told.sheet.DataRowCnt(), 98);
 }
 

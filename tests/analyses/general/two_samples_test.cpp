@@ -21,20 +21,7 @@ TEST(TwoSamples, WriteTheSheetOfTheUnpairedTTest) {
   const Transcript told = RunTest("t", Unequal());
   ASSERT_EQ(told.outcome, Outcome::kDone);
   EXPECT_THAT(told.boxes, IsEmpty());
-  EXPECT_THAT(LinesOf(told.sheet),
-              ElementsAre("2:*  General Statistics  t-test (Unpaired)", "3:  Project:|Project 1",
-                          "4:  Analyst: ||  Date: ", "5:  Analyte: ",
-                          "6:  First sample (left side of plot): Col: |2",
-                          "7:  Variable name for first group:|Glucose",
-                          "8:  Number of observations for first group: |12",
-                          "9:  Mean (see plot): |5.6000", "10:  SD: |0.9573", "11:  SEM: |0.2763",
-                          "13:  Second sample (right side of plot): Col: |3",
-                          "14:  Variable name for second group:|After",
-                          "15:  Number of observations for second group: |10",
-                          "16:  Mean (see plot): |6.1700", "17:  SD: |0.8920", "18:  SEM: |0.2821",
-                          "19:  Mean difference: |0.5700", "20:  SE of mean difference: |0.3975",
-                          "21:  Result of t-test: ", "22:  t and P: |1.4338| n.s.",
-                          "23:  95%-conf. limits for mean difference: |-0.2593|1.3993"));
+  EXPECT_EQ(LinesOf(told.sheet), SheetOf("TwoSamples, write the sheet of the unpaired t test"));
   constexpr double kT = 2.086;  // 20 degrees of freedom
   ExpectNumbers(told, {{9, 2, 5.599999984105428},
                        {10, 2, 0.9572688259587759},
@@ -50,17 +37,7 @@ TEST(TwoSamples, WriteTheSheetOfTheUnpairedTTest) {
 TEST(TwoSamples, WriteTheSheetOfThePairedTTest) {
   const Transcript told = RunTest("paired-t", {kGlucose, kAfter});
   ASSERT_EQ(told.outcome, Outcome::kDone);
-  EXPECT_THAT(LinesOf(told.sheet),
-              ElementsAre("2:*  General Statistics: Paired t-test", "3:  Project:|Project 1",
-                          "4:  Analyst: ||  Date: ", "5:  Analyte: ", "6:  First sample: Col: |2",
-                          "7:  Variable name for first group:|Glucose",
-                          "9:  Second sample (right side of plot): Col: |3",
-                          "10:  Variable name for second group:|After",
-                          "11:  Number of paired observations:|12",
-                          "12:  Mean difference (see plot): |0.5000",
-                          "13:  SD of differences: |0.3464", "14:  SEM of differences: |0.1000",
-                          "15:  Result of paired t-test: ", "16:  t and P: |5.0000| P < 0.001 ",
-                          "17:  95%-conf. limits for mean difference: |0.2799|0.7201"));
+  EXPECT_EQ(LinesOf(told.sheet), SheetOf("TwoSamples, write the sheet of the paired t test"));
   ExpectNumbers(told, {{13, 2, 0.3464102315907308},
                        {14, 2, 0.10000002022947452},
                        {16, 2, 4.999998988526479},
@@ -70,19 +47,7 @@ TEST(TwoSamples, WriteTheSheetOfThePairedTTest) {
 TEST(TwoSamples, WriteTheSheetOfTheFTest) {
   const Transcript told = RunTest("f", Unequal());
   ASSERT_EQ(told.outcome, Outcome::kDone);
-  EXPECT_THAT(
-      LinesOf(told.sheet),
-      ElementsAre("2:*  General Statistics  F-test", "3:  Project:|Project 1",
-                  "4:  Analyst: ||  Date: ", "5:  Analyte: ",
-                  "6:  First sample (left side of plot): Col: |2",
-                  "7:  Variable name for first group (left side of display):|Glucose",
-                  "8:  Number of observations for first group: |12", "9:  Mean (see plot): |5.6000",
-                  "10:  SD: |0.9573", "11: Variance (squared SD): |0.9164|Degrees of freedom:|11",
-                  "13:Second sample(right side of plot): Col: |3",
-                  "14:  Variable name for sec. group (right side of display):|After",
-                  "15:  No. of observations for sec. group: |10", "16:  Mean (see plot): |6.1700",
-                  "17:  SD: |0.8920", "18: Variance (squared SD): |0.7957|Degrees of freedom:|9",
-                  "19:F-ratio:|1.1517|P(two-sided):|0.8457"));
+  EXPECT_EQ(LinesOf(told.sheet), SheetOf("TwoSamples, write the sheet of the f test"));
   ExpectNumbers(
       told,
       {{11, 2, 0.9163636051524933}, {18, 2, 0.7956664089627036}, {19, 2, 1.1516932156871378}});
@@ -102,33 +67,14 @@ TEST(TwoSamples, WriteTheSheetOfTheFTest) {
 TEST(TwoSamples, WriteTheSheetOfTheMannWhitneyTest) {
   const Transcript told = RunTest("mann-whitney", Unequal());
   ASSERT_EQ(told.outcome, Outcome::kDone);
-  EXPECT_THAT(LinesOf(told.sheet),
-              ElementsAre("2:*  General Statistics: Mann-Whitney rank test ",
-                          "3:  Project:|Project 1", "4:  Analyst: ||  Date: ", "5:  Analyte: ",
-                          "6:  First sample (left side of plot): Col: |2",
-                          "7:  Variable name for first group:|Glucose",
-                          "8:  Number of observations for first group: |12",
-                          "9:  Median (see plot): |5.3000", "10:  Average of ranks: |9.2500",
-                          "12:  Second sample (right side of plot): Col: |3",
-                          "13:  Variable name for second group:|After",
-                          "14:  Number of observations for second group: |10",
-                          "15:  Median (see plot): |6.0500", "16:  Avearge of ranks: |14.2000",
-                          "17:  Result of Mann-Whitney test: |n.s."));
+  EXPECT_EQ(LinesOf(told.sheet), SheetOf("TwoSamples, write the sheet of the mann whitney test"));
   ExpectNumbers(told, {{9, 2, 5.299999952316284}, {15, 2, 6.049999952316284}});
 }
 
 TEST(TwoSamples, WriteTheSheetOfTheWilcoxonTest) {
   const Transcript told = RunTest("wilcoxon", {kGlucose, kAfter});
   ASSERT_EQ(told.outcome, Outcome::kDone);
-  EXPECT_THAT(LinesOf(told.sheet),
-              ElementsAre("2:*  General Statistics: Wilcoxon paired rank test",
-                          "3:  Project:|Project 1", "4:  Analyst: ||  Date: ", "5:  Analyte: ",
-                          "6:  First sample: Col: |2", "7:  Variable name for first group:|Glucose",
-                          "9:  Second sample (right side of plot): Col: |3",
-                          "10:  Variable name for second group:|After",
-                          "11:  Number of paired observations:|12",
-                          "12:  Median Difference(see plot):|0.5000",
-                          "15:  Result of paired Wilcoxon rank test:", "16:  P: |P < 0.01"));
+  EXPECT_EQ(LinesOf(told.sheet), SheetOf("TwoSamples, write the sheet of the wilcoxon test"));
 }
 
 TEST(TwoSamples, NameNoPForFewerThanSevenPairs) {
@@ -177,43 +123,6 @@ TEST(TwoSamples, DrawGroupsOrDifferencesInRowOrder) {
     EXPECT_EQ(PointsText(plot.series[0]), "1,2 1,3 1,-1 1,7 1,-6");
     EXPECT_EQ(PointsText(plot.series[1]), bar) << test;
   }
-}
-
-TEST(TwoSamples, EndEarlyWithTheirBoxes) {
-  const Columns both{kGlucose, kAfter};
-  const std::string few = " N < 3: No group comparison! ";
-  const std::string unequal = "Unequal size of groups 1 and 2: No paired analysis";
-  const std::string error = "Error";
-  const std::vector<std::string> four{"1", "2", "3", "4"}, five{"1", "2", "3", "4", "5"},
-      flat{"2", "2", "2", "2"};
-  const auto test = [](const char* word) { return Settings{{"test", word}}; };
-  std::vector<std::string> many;
-  for (int i = 0; i < 200; ++i) many.push_back(std::to_string(i));
-  const std::string column = "Selected column number should be positive integer =< 30!";
-  ExpectEarlyEnds(
-      kTwoSamples,
-      {{"two values in the first", {{"1", "2"}, four}, {}, {few}},
-       {"two values in the second", {four, {"1", "2"}}, {}, {few}},
-       {"column 0", both, {{"first-column", "0"}}, {column, error}},
-       {"column 501", both, {{"second-column", "501"}}, {column, error}},
-       {"column a word", both, {{"first-column", "x"}}, {error}},
-       {"column empty", both, {{"second-column", ""}}, {error}},
-       {"a word", {four, {"1", "2", "n.d."}}, {}, {error}},
-       {"beyond 32 bits", {four, {"1", "2", "1e39"}}, {}, {error}},
-       {"flat, t", {flat, flat}, {}, {"Error in t-test routine", error}},
-       {"flat, paired t",
-        {flat, flat},
-        test("paired-t"),
-        {"Error in paired t-test routine", error}},
-       {"flat, F", {four, flat}, test("f"), {"Variance value of zero: no analysis", error}},
-       {"F of many", {many, many}, test("f"), {"Error in F-test routine", error}},
-       {"unequal, paired t", {four, five}, test("paired-t"), {unequal, error}},
-       {"unequal, Wilcoxon", {four, five}, test("wilcoxon"), {unequal, error}},
-       {"a group of 4",
-        {four, five},
-        test("mann-whitney"),
-        {"Mann-Whitney test is not performed if sample size is below 5 in a group", error}}});
-  EXPECT_EQ(kTwoSamples.procedures.front().failure.aftermath, Aftermath::kWindowNotShown);
 }
 
 }  // namespace

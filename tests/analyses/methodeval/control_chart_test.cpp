@@ -18,18 +18,7 @@ TEST(ControlChart, WritesItsSheetOnTheExample) {
   const Transcript told = RunOnExample("Control Chart Example", kControlChart);
   ASSERT_EQ(told.outcome, Outcome::kDone);
   EXPECT_THAT(told.boxes, IsEmpty());
-  EXPECT_THAT(
-      LinesOf(told.sheet),
-      ElementsAre("2:*  Control data", "3:  Project:|Demo Control Chart project",
-                  "4:  Selected Col.for values:  |5", "5:   Analyte: |Values", "6:  No of obs:  |7",
-                  "8:  Assigned mean:  |10.2000", "9:  Assigned SD:  |0.8000",
-                  "10:  Warning limits:  |8.6000|11.8000",
-                  "11:  Rejection limits:  |7.8000|12.6000",
-                  "13:  Control data:  ", "14:  Observed Mean:  |10.6143",
-                  "15:  Observed SD:  |1.4690", "16:  Observed CV%: |13.8403",
-                  "17:| Opt. Dates:|  Values: ", "18:|02/08/04|10.5000", "19:|02/09/04|11.3000",
-                  "20:|02/10/04|9.7000", "21:|02/12/04|-1.0000", "22:|02/13/04|10.1000",
-                  "23:|02/14/04|8.3000", "24:|02/15/04|*12.9000", "25:|02/16/04|11.5000"));
+  EXPECT_EQ(LinesOf(told.sheet), SheetOf("ControlChart, writes its sheet on the example"));
   ExpectNumbers(
       told, {{14, 2, 10.614285714285716}, {15, 2, 1.4690456895873725}, {16, 2, 13.84026894631441}});
 }
@@ -114,27 +103,6 @@ TEST(ControlChart, TakesLabelsAndValuesFromTheLastColumn) {
                                  {"date-column", "500"}});
   EXPECT_EQ(told.outcome, Outcome::kDone);
   EXPECT_THAT(LinesOf(told.sheet, 18), ElementsAre("18:|1|1.0000", "19:|2|2.0000"));
-}
-
-TEST(ControlChart, EndsEarlyWithItsBoxes) {
-  const Columns three = Control("6", "1", {"5", "6", "7"});
-  const std::string no_values = " Selected column no. < 1 or > 500: No analysis ";
-  const std::string no_dispersion = " No dispersion in variables: No analysis ";
-  const std::string failure = "Error occurred in control chart analysis";
-  ExpectEarlyEnds(
-      kControlChart,
-      {{"no values", three, {{"value-column", "31"}}, {no_values}},
-       {"all equal", Control("6", "1", {"5", "5"}), {}, {no_dispersion}},
-       {"one value", Control("6", "1", {"5"}), {}, {no_dispersion}},
-       {"all missing", Control("6", "1", {"-1", "-2"}), {}, {" Sample size < 2: No analysis "}},
-       {"one valid value", Control("6", "1", {"5", "-1"}), {}, {" Sample size < 2: No analysis "}},
-       {"a word", Control("6", "1", {"5", "n.d."}), {}, {failure}},
-       {"no assigned mean", Control("", "1", {"5", "6"}), {}, {failure}},
-       {"no assigned SD", Control("6", "", {"5", "6"}), {}, {failure}},
-       {"date column 0", three, {{"date-column", "0"}}, {failure}},
-       {"date column 501", three, {{"date-column", "501"}}, {failure}},
-       {"date column a word", three, {{"date-column", "d"}}, {failure}}});
-  ExpectWindowCloses(kControlChart);
 }
 
 }  // namespace

@@ -86,51 +86,6 @@ TEST(Deming, RunsOnFourPointsAndOnANegativeSlope) {
   EXPECT_LT(falling.Value(11, 2), -2);
 }
 
-TEST(Deming, Refuses) {
-  const std::string column = "Selected column no. not allowed!";
-  const std::string not_computed = "  Deming regression analysis could not be computed ";
-  const std::string error = "Error occurred";
-  const Settings duplicate{{"mode", "duplicate"}};
-  ExpectEarlyEnds(
-      kDeming,
-      {
-          {"too few", {{"1", "2", "3"}, {"1", "2", "3"}}, {}, {" n < 4: No regression analysis"}},
-          {"no dispersion",
-           {{"2", "2", "2", "2"}, {"1", "2", "3", "4"}},
-           {},
-           {" No dispersion of x values: no regression analysis "}},
-          {"x equal in 32 bits",
-           {{"2", "2.00000001", "2", "2"}, {"1", "2", "3", "4"}},
-           {},
-           {" No dispersion of x values: no regression analysis "}},
-          {"no covariance", {{"1", "2", "3", "4"}, {"1", "2", "2", "1"}}, {}, {not_computed}},
-          {"no covariance without the last",
-           {{"1", "2", "3", "9"}, {"1", "2", "1", "8"}},
-           {},
-           {not_computed}},
-          {"x1 equal to x2",
-           {{"1", "2", "3", "4"}, {"1", "2", "3", "4"}, {"1", "2", "4", "3"}, {"2", "2", "4", "3"}},
-           duplicate,
-           {not_computed}},
-          {"y1 equal to y2",  // no ratio to be estimated
-           {{"1", "2", "3", "4"}, {"2", "2", "3", "5"}, {"1", "2", "4", "3"}, {"1", "2", "4", "3"}},
-           duplicate,
-           {not_computed}},
-          {"one unequal pair of y",
-           {{"1", "2", "3", "4"}, {"2", "2", "3", "5"}, {"1", "2", "4", "3"}, {"2", "2", "4", "3"}},
-           duplicate,
-           {not_computed}},
-          {"a perfect line", {{"1", "2", "3", "4"}, {"1", "2", "3", "4"}}, {}, {error}},
-          {"unequal columns",
-           {{"1", "2", "3", "4"}, {"1", "2"}},
-           {},
-           {"Unequal number of observations in columns: No analysis", error}},
-      });
-  EXPECT_EQ(
-      RunAnalysis(kDeming, DuplicateSet(), {{"mode", "duplicate"}, {"sd-ratio", "0"}}).outcome,
-      Outcome::kDone);
-}
-
 // Points symmetrical about y = x, which is their line, and one upon it.
 TEST(Deming, KeepsTheSignOfADistanceOfZero) {
   const Transcript told = RunAnalysis(

@@ -8,7 +8,6 @@ namespace {
 
 using testing::DoubleNear;
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -162,56 +161,6 @@ TEST(Ols, EqualsTheSingleModeOnEqualReplicates) {
   for (int row = 11; row <= 23; ++row)
     for (int column = 2; column <= 3; ++column)
       EXPECT_EQ(single.sheet.At(column, row), duplicate.sheet.At(column, row)) << row;
-}
-
-// --- Refusals and failures
-
-const Columns kThree{{"1", "2", "3"}, {"1", "2", "4"}, {"1", "2", "3"}, {"1", "2", "4"}};
-const std::string kColumn = "Selected column no. not allowed!";
-const std::string kError = "Error occurred";
-const std::string kUnequal = "Unequal number of observations in columns: No analysis";
-
-TEST(Ols, Refuses) {
-  ExpectEarlyEnds(
-      regression::kOls,
-      {{"column before limit", kThree, {{"first-column", "0"}, {"outlier-limit", "0"}}, {kColumn}},
-       {"too few points", {{"1", "2"}, {"1", "2"}}, {}, {" n < 3: No regression analysis"}},
-       {"no points", {}, {}, {" n < 3: No regression analysis"}},
-       {"a word among two rows", {{"1", "n.d."}, {"1", "2"}}, {}, {kError}},
-       {"a thousands mark", {{"1", "2", "1,234"}, {"1", "2", "4"}}, {}, {kError}},
-       {"x all equal",
-        {{"3", "3", "3"}, {"1", "2", "3"}},
-        {},
-        {" No dispersion of x values: no regression analysis "}},
-       {"x spread that 32 bits cannot hold",
-        {{"0", "1e-30", "0"}, {"1", "2", "3"}},
-        {},
-        {"  Regression result could not be computed "}},
-       {"unequal columns", {{"1", "2", "3"}, {"1", "2"}}, {}, {kUnequal, kError}},
-       {"unequal duplicates",
-        {{"1", "2"}, {"1", "2"}, {"1"}, {"1"}},
-        {{"mode", "duplicate"}},
-        {kUnequal, kError}},
-       {"a perfect line", {{"1", "2", "3"}, {"2", "4", "6"}}, {}, {kError}},
-       {"a constant y",
-        {{"1", "2", "3"}, {"2", "2", "2"}},
-        {},
-        {"Error in correlation computation", kError}},
-       {"an ID field with a word", kThree, {{"id", "ID"}}, {kError}},
-       {"a blank ID field, duplicate", kThree, {{"mode", "duplicate"}, {"id", ""}}, {kError}},
-       {"a column beyond 16 bits", kThree, {{"first-column", "40000"}}, {kError}},
-       {"a column with a letter", kThree, {{"first-column", "2x"}}, {kError}},
-       {"a column beyond the grid", kThree, {{"first-column", "501"}}, {kUnequal, kError}},
-       {"Xc1 beyond 32 bits", kThree, {{"xc1", "1e39"}}, {kError}},
-       {"values whose squares overflow",
-        {{"1e200", "2e200", "4e200"}, {"1", "2", "4"}},
-        {},
-        {kError}}});
-}
-
-TEST(Ols, AcceptsAnyIdFieldInItsDialogAndNoIdAtAll) {
-  for (const char* id : {"", "0", "-1", "501"})
-    EXPECT_EQ(RunAnalysis(regression::kOls, kThree, {{"id", id}}).outcome, Outcome::kDone) << id;
 }
 
 }  // namespace

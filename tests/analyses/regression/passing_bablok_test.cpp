@@ -12,7 +12,6 @@ namespace {
 using regression::kPassingBablok;
 using regression::PassingBablokFit;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST(PassingBablok, ComputesItsNumbers) {
   for (const ComputedCase& computed :
@@ -64,42 +63,6 @@ TEST(PassingBablok, TellsOfADifference) {
                {{13, "  Test for slope deviation from 1:", "Slope significantly different from 1"},
                 {22, "  Test for intercept deviation from 0:",
                  "Intercept significantly different from zero"}});
-}
-
-TEST(PassingBablok, Refuses) {
-  const std::string error = "Error occurred";
-  ExpectEarlyEnds(
-      kPassingBablok,
-      {
-          {"too few",
-           {{"1", "2", "3", "4"}, {"1", "2", "3", "4"}},
-           {},
-           {" n < 5: No regression analysis"}},
-          {"no dispersion",
-           {{"2", "2", "2", "2", "2"}, {"1", "2", "3", "4", "5"}},
-           {},
-           {" No dispersion of x values: no regression analysis "}},
-          {"falling", {{"1", "2", "3", "4", "5"}, {"5", "4", "3", "2", "1"}}, {}, {error}},
-          {"no mean of the central slopes",  // 10 slopes, of which most are 0
-           {{"1", "2", "3", "4", "5"}, {"1", "1", "1", "1", "2"}},
-           {},
-           {"Error in rank sub", "  Regression result could not be computed "}},
-          {"a perfect line",  // ends at the SD of the distances
-           {{"1", "2", "3", "4", "5"}, {"1", "2", "3", "4", "5"}},
-           {},
-           {error},
-           23},
-          {"a slope of 0",  // every second of the 100 rounds ends there
-           {{"1", "2", "3", "4", "5", "6"}, {"1", "1", "1", "1", "1", "2"}},
-           {},
-           {error},
-           23},
-          {"unequal columns",
-           {{"1", "2", "3"}, {"1", "2"}},
-           {},
-           {"Unequal number of observations in columns: No analysis", error}},
-      });
-  EXPECT_EQ(RunAnalysis(kPassingBablok, SingleSet(), {{"id", "0"}}).outcome, Outcome::kDone);
 }
 
 // --- The procedure written out: a list of all slopes, its zeros removed in place, sorted

@@ -161,46 +161,5 @@ TEST(Polynomial, GoesOnWhereRoundingLeavesNothingToTest) {
   ExpectLabels(told, {{25, ""}, {27, ""}, {29, "  Correlation coefficient (R):"}});
 }
 
-TEST(Polynomial, Refuses) {
-  const Columns four{{"1", "2", "3", "4"}, {"1", "4", "9", "15"}};
-  const std::string column = "Selected column number should be positive integer =< 30!";
-  Columns long_columns(2);
-  for (int i = 0; i < 400; ++i) {
-    long_columns[0].push_back(std::to_string(i));
-    long_columns[1].push_back(std::to_string(i + i % 7));
-  }
-  ExpectEarlyEnds(
-      kPolynomial,
-      {
-          {"column 0", four, {{"x-column", "0"}}, {column}},
-          {"column 501", four, {{"y-column", "501"}}, {column}},
-          {"a word as column", four, {{"y-column", "y"}}, {"Error"}},
-          {"a word as limit", four, {{"outlier-limit", "four"}}, {"Error"}},
-          {"a word as x", four, {{"x-value", "eight"}}, {"Error"}},
-          {"a word as value", {{"1", "2", "3", "4"}, {"1", "n.d.", "9", "15"}}, {}, {"Error"}},
-          {"a word before a column 0",
-           {{"1", "n.d.", "9", "15"}, {"1", "2", "3", "4"}},
-           {{"y-column", "0"}},
-           {"Error"}},
-          {"a word among too few", {{"1", "n.d."}, {"1", "2"}}, {}, {"Error"}},
-          {"a high degree before a word as limit",
-           four,
-           {{"degree", "3"}, {"outlier-limit", "four"}},
-           {"Degree of polynomium is higher than sample size minus two: No analysis"}},
-          {"unequal columns",
-           {{"1", "2", "3"}, {"1", "2"}},
-           {},
-           {" Unequal numbers of x and y values: No analysis"}},
-          {"too few", {{"1", "2"}, {"1", "2"}}, {}, {" N < 3: No analysis "}},
-          {"degree n - 1",
-           four,
-           {{"degree", "3"}},
-           {"Degree of polynomium is higher than sample size minus two: No analysis"}},
-          {"x all equal", {{"2", "2", "2", "2"}, {"1", "2", "3", "4"}}, {}, {"Error"}},
-          {"an F with too many degrees of freedom", long_columns, {}, {"Error"}},
-      });
-  EXPECT_EQ(RunAnalysis(kPolynomial, four).outcome, Outcome::kDone);  // degree n - 2
-}
-
 }  // namespace
 }  // namespace quorval::test

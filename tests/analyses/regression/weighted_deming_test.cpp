@@ -61,29 +61,6 @@ TEST(WeightedDeming, EqualsDemingWithWeightsOf1) {
   for (int row : {11, 12, 15, 20, 21, 24}) EXPECT_EQ(weighted.Value(row, 2), deming.Value(row, 2));
 }
 
-TEST(WeightedDeming, Refuses) {
-  const std::string negative = " Negative or zero numbers: No regression analysis ";
-  const std::string no_convergence = " No convergence in iterative Weighted Deming analysis ";
-  ExpectEarlyEnds(
-      kWeightedDeming,
-      {
-          {"a single negative measurement whose mean is positive",
-           {{"1", "-2"}, {"1", "6"}, {"1", "2"}, {"1", "2"}},
-           {{"mode", "duplicate"}},
-           {negative}},
-          {"too few", {{"1", "2", "3"}, {"1", "2", "3"}}, {}, {" n < 4: No regression analysis"}},
-          {"a place on the line that is not positive",
-           {{"1", "2", "3", "4"}, {"8", "4", "0.1", "0.1"}},
-           {},
-           {no_convergence}},
-          {"an eleventh step",
-           {{"4", "5", "5", "9", "10"}, {"6", "2", "9", "5", "10"}},
-           {},
-           {no_convergence}},
-          {"no covariance", {{"1", "2", "3", "4"}, {"1", "2", "2", "1"}}, {}, {no_convergence}},
-      });
-}
-
 // --- The fits without a row each, against a plain fit of the other rows
 
 struct PlainLine {

@@ -108,45 +108,5 @@ TEST(Wls, MarksWeightedResiduals) {
                       {50, "More than 5 outlier pairs which are not displayed "}});
 }
 
-TEST(Wls, Refuses) {
-  const Columns three{{"1", "2", "3"}, {"1", "2", "4"}, {"1", "2", "3"}, {"1", "2", "4"}};
-  const std::string column = "Selected column no. not allowed!";
-  const std::string negative = " Negative or zero numbers: No regression analysis ";
-  const std::string error = "Error occurred";
-  ExpectEarlyEnds(
-      kWls,
-      {
-          {"column before limit", three, {{"first-column", "0"}, {"outlier-limit", "0"}}, {column}},
-          {"limit before truncation",
-           three,
-           {{"outlier-limit", "0"}, {"truncation-limit", "-1"}},
-           {"Incompatible option value(s)"}},
-          {"truncation before exponent",
-           three,
-           {{"truncation-limit", "-1"}, {"weighting-exponent", "3"}},
-           {"Negative value for Lower limit of truncation not allowed"}},
-          {"a zero", {{"1", "0", "3"}, {"1", "2", "4"}}, {}, {negative}},
-          {"a negative before too few", {{"1", "2"}, {"1", "-2"}}, {}, {negative}},
-          {"too few", {{"1", "2"}, {"1", "2"}}, {}, {" n < 3: No regression analysis"}},
-          {"no dispersion",
-           {{"2", "2", "2"}, {"1", "2", "3"}},
-           {},
-           {" No dispersion of x values: no regression analysis "}},
-          {"y all equal",
-           {{"1", "2", "3"}, {"2", "2", "2"}},
-           {{"weighting-exponent", "0"}},
-           {"  Weighted l-s regression analysis could not be computed "}},
-          {"a perfect line",
-           {{"1", "2", "3"}, {"1", "2", "3"}},
-           {{"weighting-exponent", "0"}},
-           {error}},
-          {"unequal columns",
-           {{"1", "2", "3"}, {"1", "2"}},
-           {},
-           {"Unequal number of observations in columns: No analysis", error}},
-          {"blank ID, duplicate", three, {{"mode", "duplicate"}, {"id", ""}}, {error}},
-      });
-}
-
 }  // namespace
 }  // namespace quorval::test
