@@ -114,69 +114,17 @@ TEST(NoticeCases, CoverEveryAnalysis) {
 
 // --- What single analyses tell besides
 
-struct Besides {
-  std::string analysis;
-  Settings settings;
-  Columns columns;  // from column 2 on
-  Notice notice;
-};
-
 TEST(Notices, TellWhatAnAnalysisLeavesOut) {
-  const std::vector<std::string> three{"1", "2", "4"}, other{"1.5", "2", "5"};
-  const std::vector<std::string> twelve{"1", "2", "3", "4",  "5",  "6",
-                                        "7", "8", "9", "10", "11", "12"};
-  const std::vector<std::string> zero{"1", "0", "4"};
-  const Besides cases[] = {
-      {"ols",
-       {{"xc1", "9"}},
-       {three, other},
-       {"field",
-        "the field \"Select critical value (Xc1):\" holds \"9\"; x goes from 1 to 4, so its "
-        "rows are left out"}},
-      {"difference",
-       {{"mode", "duplicate"}},
-       {three, three, zero, three},
-       {"left-out",
-        "row 2 of column 4 holds 0, which is not above 0: the relative differences were "
-        "left out",
-        4, 2}},
-      {"difference",
-       {{"limits", "a"}, {"a-constant", "2"}},
-       {three, other},
-       {"not-tested",
-        "the proportion outside the limits was not tested, which takes 20 to 1000 pairs"}},
-      {"control-chart",
-       {{"value-column", "4"}, {"date-column", ""}},
-       {{"6"}, {"1"}, {"5", "-1", "7", "-1"}},
-       {"left-out",
-        "column 4 holds 2 negative values, taken as missing and left out; the first "
-        "stands in row 2",
-        4, 2}},
-      {"one-sample",
-       {{"percentiles", "on"}, {"percentile2", "99"}},
-       {twelve},
-       {"field",
-        "the field \"Percentiles (optional): Percentile (0 - 100): (percentile2)\" holds "
-        "\"99\", which is too extreme for 12 values and is left out"}},
-      {"one-sample",
-       {{"absolute-classes", "user"}},
-       {three},
-       {"field",
-        "the field \"No. of class divisions in abs. no. histogram:\" is empty, so the "
-        "default number of classes was drawn"}},
-      {"trueness-profile",
-       {{"mode", "pairs"}, {"true-column", "2"}, {"mean-column", "3"}},
-       {three, {"1", "2", "4", "5", "surplus"}},
-       {"length", "column 3 holds 5 values, 2 more than column 2: the last ones were not read", 3,
-        4}},
-      {"several-samples",
-       {{"start-column", "2"}, {"last-column", "2"}},
-       {{"1", "2", "", "x"}},
-       {"gap", "column 2 ends at row 3, its first empty cell; 1 word below was not read", 2, 3}},
-  };
-  for (const auto& [analysis, settings, columns, notice] : cases) {
-    const Transcript told = RunAnalysis(*FindAnalysis(analysis), columns, settings);
-    EXPECT_EQ(told.outcome, Outcome::kDone) << notice.text;
+  for (const TableLine& line : ReadTable("left_out.txt")) {
+    SCOPED_TRACE(line.name);
+    const Transcript told =
+        RunAnalysis(*FindAnalysis(line.section), ColumnsOf(line[1]), SettingsOf(line[0]));
+    EXPECT_EQ(told.outcome, Outcome::kDone);
+    Notice notice{line[2][0], line[2][1]};
+    if (line[3].size() == 2) {
+      notice.column = std::stoi(line[3][0]);
+      notice.row = std::stoi(line[3][1]);
+    }
     EXPECT_EQ(told.notices, Notices{notice});
   }
 }

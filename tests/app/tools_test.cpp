@@ -6,8 +6,8 @@
 
 #include "app/workbench.h"
 #include "core/intake.h"
+#include "support/data_table.h"
 #include "support/scripted_platform.h"
-#include "support/transcript.h"
 
 namespace quorval {
 namespace {
@@ -38,92 +38,21 @@ struct ToolBench {
   Texts Column(int column) { return WalkColumn(workbench.worksheet(), column); }
 };
 
-// --- Refusals: the boxes come in this order, and the worksheet stays as it was.
-
-struct Refused {
-  std::string_view tool;
-  Columns columns;
-  Settings settings;
-  std::vector<std::string> boxes;
-};
-
-const char* const kRange = " Selected column no. < 1 or > 500: No analysis ";
-const char* const kTooFew = " Sample size < 2: No analysis ";
-const char* const kNotSorted = "Error occurred in sorting";
-const Columns kPositive = {{"1", "2"}};
-const Columns kWithZero = {{"1", "0", "4"}};
-const Columns kWithWord = {{"1", "n.d.", "3"}};
-
 Settings Transform(std::string option, Settings more = {}) {
   more.insert(more.end(), {{"column", "1"}, {"transform", std::move(option)}});
   return more;
 }
 
-const Refused kRefusals[] = {
-    {"sort", {}, {{"column", "0"}}, {kRange}},
-    {"sort", {}, {{"column", "501"}}, {kRange}},
-    {"sort", {}, {{"column", ""}}, {kNotSorted}},
-    {"sort", {}, {{"column", "x"}}, {kNotSorted}},
-    {"sort", {{"7"}}, {{"column", "1"}}, {kTooFew}},
-    {"sort", kWithWord, {{"column", "1"}}, {kNotSorted}},
-    {"sort", {}, {{"mode", "paired"}, {"key-column", "-1"}, {"second-column", "x"}}, {kRange}},
-    {"sort", {}, {{"mode", "paired"}, {"key-column", "1"}, {"second-column", "999"}}, {kRange}},
-    {"sort",
-     {{"1", "2"}, {"1"}},
-     {{"mode", "paired"}, {"key-column", "1"}, {"second-column", "2"}},
-     {"Unequal numbers of observations in paired cols: no sorting"}},
-    {"sort",
-     {{"1"}, {"1"}},
-     {{"mode", "paired"}, {"key-column", "1"}, {"second-column", "2"}},
-     {kTooFew}},
-    {"sort",
-     {{"2", "1"}, {"a", "b"}},
-     {{"mode", "paired"}, {"key-column", "1"}, {"second-column", "2"}},
-     {kNotSorted}},
-    {"transform",
-     {},
-     {{"column", "0"}},
-     {"Selected column number should be positive integer =< 30!", "Error"}},
-    {"transform", {}, {{"column", "x"}}, {"Error"}},
-    {"transform", {}, {{"column", "1"}}, {" N < 1: No transformation "}},
-    {"transform", kWithWord, Transform("1"), {"Error"}},
-    {"transform",
-     kWithZero,
-     Transform("1"),
-     {"Non-positive value(s): No log-transformation", "Error"}},
-    {"transform",
-     kPositive,
-     Transform("2", {{"constant2", "-1"}}),
-     {"Non-positive value(s): No log(x+c)-transformation", "Error"}},
-    {"transform", kPositive, Transform("2", {{"constant2", "x"}}), {"Error"}},
-    {"transform", kWithZero, Transform("3"), {"Non-positive value(s): No transformation", "Error"}},
-    {"transform",
-     kWithZero,
-     Transform("4", {{"exponent", "2"}}),
-     {"Non-positive value(s): No power-transformation", "Error"}},
-    {"transform", kPositive, Transform("4"), {"Error"}},
-    {"transform",
-     kPositive,
-     Transform("5", {{"constant5", "0"}}),
-     {"The transformation constant cannot be zero: No exponential transformation", "Error"}},
-    {"transform", {{"1", "1000"}}, Transform("5", {{"constant5", "1"}}), {"Error"}},
-    {"transform", {{"1", "1e300"}}, Transform("6", {{"factor", "1e300"}}), {"Error"}},
-    {"transform", kPositive, Transform("7", {{"intercept", "1"}}), {"Error"}},
-    {"format", {}, {{"column", "501"}, {"decimals", "2"}}, {kRange}},
-    {"format", {}, {{"column", "1"}, {"decimals", ""}}, {"Error occurred"}},
-    {"format", kPositive, {{"column", "1"}, {"decimals", "31"}}, {"Error occurred"}},
-    {"format", Columns{{"n.d.", "1"}}, {{"column", "1"}, {"decimals", "1"}}, {"Error occurred"}},
-    {"format", kPositive, {{"column", "1"}, {"decimals", "-1"}}, {"Error occurred"}},
-};
-
+// The boxes come in the order of tests/data/tools.txt, and the worksheet stays as it was.
 TEST(Tools, RefuseAndChangeNothing) {
-  for (const Refused& refused : kRefusals) {
-    ToolBench bench(refused.columns);
+  for (const test::TableLine& refused : test::ReadTable("tools.txt")) {
+    SCOPED_TRACE(refused.name);
+    ToolBench bench(test::ColumnsOf(refused[1]));
     const Grid before = bench.workbench.worksheet().grid();
-    EXPECT_EQ(bench.Press(refused.tool, refused.settings), Outcome::kRefused);
-    EXPECT_EQ(bench.platform.boxes, refused.boxes);
+    EXPECT_EQ(bench.Press(refused.section, test::SettingsOf(refused[0])), Outcome::kRefused);
+    EXPECT_EQ(bench.platform.boxes, refused[2]);
     EXPECT_THAT(bench.platform.wait_pointer_at_box, testing::Each(false));
-    EXPECT_TRUE(bench.workbench.worksheet().grid() == before) << refused.boxes.front();
+    EXPECT_TRUE(bench.workbench.worksheet().grid() == before);
   }
 }
 

@@ -20,36 +20,7 @@ TEST(Ols, WritesItsSheetRowByRow) {
       RunAnalysis(regression::kOls, SingleSet(), {{"xc1", "5"}, {"xc2", "20.1"}}, context);
   ASSERT_EQ(told.outcome, Outcome::kDone);
   EXPECT_THAT(told.boxes, IsEmpty());
-  ExpectLabels(told, {{1, ""},
-                      {2, "  Results of Ordinary Least-Squares Regression Analysis"},
-                      {3, "  Project:", "Glucose"},
-                      {4, "  Analyst: "},
-                      {5, "  Analyte: ", "", "  Date: "},
-                      {6, "  Number of (x, y) data points", "25"},
-                      {7, "  x: Col no.", "2"},
-                      {8, "  y: Col no.", "3"},
-                      {9, ""},
-                      {10, ""},
-                      {11, "  Slope b", "0.9959"},
-                      {12, "  SE b"},
-                      {13, "  95%-Conf. Int."},
-                      {14, "  Test for slope deviation from 1"},
-                      {15, "  t  and  P", "-0.1120", " n.s."},
-                      {16, "  Correlation coefficient", "0.9851", " P < 0.001 "},
-                      {17, "  SDyx"},
-                      {18, "  Test for dev. from linearity", " n.s. "},
-                      {19, "  Intercept  a0"},
-                      {20, "  SE a0"},
-                      {21, "  95%-Conf. Int."},
-                      {22, "  Test for intercept deviation from 0"},
-                      {23, "  t  and  P", "0.5331", " n.s."},
-                      {24, "  Critical value Xc1"},
-                      {25, "  Difference Yc1 - Xc1 with SE"},
-                      {26, "  Critical value Xc2"},
-                      {27, "  Difference Yc2 - Xc2 with SE"},
-                      {28, "  No outliers identified"},
-                      {29, "  Outlier limit: No. of SDs", "4.0000"},
-                      {30, ""}});
+  ExpectLabels(told, SheetOf("Ols, writes its sheet row by row"));
   EXPECT_TRUE(told.sheet.At(1, 2).look.bold);
   EXPECT_EQ(told.sheet.At(2, 6).look.type, CellType::kEdit);
   EXPECT_EQ(told.sheet.DataRowCnt(), 29);
@@ -62,11 +33,7 @@ TEST(Ols, ComputesItsNumbers) {
   ExpectComputed(regression::kOls, {"ols", SingleSet(), levels}, kDigits);
   ExpectComputed(regression::kOls, {"ols duplicate", DuplicateSet(), duplicate}, kDigits);
   ExpectLabels(RunAnalysis(regression::kOls, DuplicateSet(), duplicate),
-               {{6, "  Number of (x1, x2, y1, y2) data points", "25"},
-                {7, "  x1: Col no.", "2"},
-                {8, "  x2: Col no.", "3"},
-                {9, "  y1: Col no.", "4"},
-                {10, "  y2: Col no.", "5"}});
+               SheetOf("Ols, computes its numbers"));
 }
 
 TEST(Ols, LeavesOutACriticalValueOutOfRange) {
@@ -90,18 +57,7 @@ TEST(Ols, ListsFiveOutliersAndTellsOfMore) {
   const Transcript told =
       RunAnalysis(regression::kOls, WithSixOutliers(), {{"outlier-limit", "2"}});
   ASSERT_EQ(told.outcome, Outcome::kDone);
-  ExpectLabels(told, {{28, "  Number of outliers identified", "6"},
-                      {29, "  Outlier limit: No. of SDs", "2.0000"},
-                      {30, ""},
-                      {31, "  No.", "3"},
-                      {32, "  Outlier (x, y)", "3.0000", "11.1250"},
-                      {33, "  No.", "10"},
-                      {34, "  Outlier (x, y)", "10.0000", "1.8750"},
-                      {35, "  No.", "17"},
-                      {37, "  No.", "24"},
-                      {39, "  No.", "31"},
-                      {40, "  Outlier (x, y)", "31.0000", "39.2500"},
-                      {41, "More than 5 outlier pairs which are not displayed "}});
+  ExpectLabels(told, SheetOf("Ols, lists five outliers and tells of more"));
   const Plot& xy = told.PlotOf("frmXY1s");
   EXPECT_THAT(xy.series[0].points, SizeIs(34));
   EXPECT_THAT(xy.series[1].points, SizeIs(6));
@@ -114,12 +70,8 @@ TEST(Ols, ListsFiveOutliersAndTellsOfMore) {
 TEST(Ols, ShowsItsTables) {
   const Transcript told =
       RunAnalysis(regression::kOls, SingleSet(), {{"show-bands", "on"}, {"show-residuals", "on"}});
-  ExpectLabels(told, {{42, "x value", "Estim y", "Lower 95%-conf. limit"},
-                      {54, ""},
-                      {55, "x value", "y value", "Estim. y "}});
-  EXPECT_EQ(told.Text(42, 4), "Upper 95%-conf. limit");
-  EXPECT_EQ(told.Text(55, 4), "Res. (y-(a0+bx)");
-  EXPECT_EQ(told.Text(55, 5), "St. res.((y-(a0+bx))/SDy.x)");
+  ExpectLabels(told, {"42:x value|Estim y|Lower 95%-conf. limit|Upper 95%-conf. limit", "54:",
+                      "55:x value|y value|Estim. y |Res. (y-(a0+bx)|St. res.((y-(a0+bx))/SDy.x)"});
   EXPECT_EQ(told.sheet.DataRowCnt(), 80);
 }
 

@@ -56,36 +56,7 @@ TEST(Polynomial, WritesItsSheet) {
       context);
   ASSERT_EQ(told.outcome, Outcome::kDone);
   EXPECT_THAT(told.boxes, IsEmpty());
-  ExpectLabels(told, {{2, "  Polynomial regression"},
-                      {3, "  Degree", "2", "  Project: "},
-                      {4, "  Number of obs.:", "8"},
-                      {5, "  Coefficients:"},
-                      {6, "  b0:"},
-                      {8, "  b2:"},
-                      {9, ""},
-                      {14, "  Sum of squares and mean squares:"},
-                      {15, "  Sum of Squares Regression: "},
-                      {16, "  Mean square Regression (m2sq): "},
-                      {17, "  Sum of Squares Residual: "},
-                      {18, "  Mean square Residuals (m1sq): "},
-                      {19, "  Residuals SD (SDy.x): "},
-                      {21, "  Generel F-test for the significance of polynomial regression: "},
-                      {23, "  F-Ratio: (m2sq/m1sq): "},
-                      {25, "  Supplementary F-test for the significance of the last coefficient:"},
-                      {27, "  F-ratio last coef.:"},
-                      {29, "  Correlation coefficient (R):"},
-                      {31, " Number of outliers identified"},
-                      {32, "Outlier limit (no. of SDs):"},
-                      {33, ""},
-                      {34, "Computed Y-value for entered X-value:"},
-                      {35, "Entered X value:"},
-                      {36, "Computed Yest:"},
-                      {37, ""},
-                      {38, "Optional output of values:"},
-                      {39, "X values ordered", "Y values ordered", "Estim. Y values"},
-                      {40, "6.0000", "0.0290"},
-                      {47, "13.0000", "0.7380"},
-                      {48, "Outliers in bold"}});
+  ExpectLabels(told, SheetOf("Polynomial, writes its sheet"));
   EXPECT_EQ(told.Text(3, 4), "Curve");
   EXPECT_TRUE(told.sheet.At(1, 25).look.italic);
   for (int row : {16, 18}) EXPECT_EQ(told.Text(row, 5), "D. f.: ");
@@ -113,11 +84,7 @@ TEST(Polynomial, SortsAndShowsTheLimitsAlone) {
   const Transcript told =
       RunAnalysis(kPolynomial, {{"4", "1", "3", "2", "5"}, {"4.1", "0.9", "3.2", "2", "4.7"}},
                   {{"degree", "1"}, {"show-limits", "on"}});
-  ExpectLabels(told, {{25, ""},
-                      {31, "  No outliers identified"},
-                      {34, "Optional output of values:"},
-                      {35, ""},
-                      {41, ""}});
+  ExpectLabels(told, SheetOf("Polynomial, sorts and shows the limits alone"));
   EXPECT_EQ(told.Text(35, 6), "(Yest-t95 SDy.x)");
   EXPECT_LT(told.Value(36, 6), told.Value(36, 7));
   EXPECT_EQ(told.Text(41, 6), "t95:");
@@ -142,11 +109,7 @@ TEST(Polynomial, GoesOnWithoutResiduals) {
   EXPECT_EQ(told.outcome, Outcome::kDone);
   EXPECT_THAT(told.boxes,
               ElementsAre("zero residuals variation: no F-test", "Error in outlier evaluation"));
-  ExpectLabels(told, {{6, "  b0:", "1.0000"},
-                      {7, "  b1:", "2.0000"},
-                      {23, "  F-Ratio: (m2sq/m1sq): "},
-                      {25, ""},
-                      {31, "  No outliers identified"}});
+  ExpectLabels(told, SheetOf("Polynomial, goes on without residuals"));
   EXPECT_EQ(told.Text(23, 4), "");
   EXPECT_EQ(told.Text(23, 5), "  P:");
   EXPECT_EQ(told.PlotOf("frmPolynResPlot").series[0].points[0].y, 0);
@@ -158,7 +121,7 @@ TEST(Polynomial, GoesOnWhereRoundingLeavesNothingToTest) {
   EXPECT_EQ(told.outcome, Outcome::kDone);
   EXPECT_THAT(told.boxes,
               ElementsAre("Supplementary F-test for last coefficient can not be performed"));
-  ExpectLabels(told, {{25, ""}, {27, ""}, {29, "  Correlation coefficient (R):"}});
+  ExpectLabels(told, {"25:", "27:", "29:  Correlation coefficient (R):"});
 }
 
 }  // namespace

@@ -48,20 +48,18 @@ inline std::vector<Number> NumbersOf(const std::string& name) {
   return numbers;
 }
 
-// The texts of columns 1 to 3; an empty one is not looked at, but in column 1.
-struct Label {
-  int row;
-  std::string_view first, second{}, third{};
-};
-
-inline void ExpectLabels(const Transcript& told, std::initializer_list<Label> labels) {
-  for (const auto& [row, first, second, third] : labels) {
-    EXPECT_EQ(told.Text(row, 1), first) << row;
-    if (!second.empty()) {
-      EXPECT_EQ(told.Text(row, 2), second) << row;
-    }
-    if (!third.empty()) {
-      EXPECT_EQ(told.Text(row, 3), third) << row;
+// Rows "NUMBER:first cell|second|..."; an empty cell is not looked at, but in column 1.
+inline void ExpectLabels(const Transcript& told, const Lines& rows) {
+  ASSERT_FALSE(rows.empty());
+  for (const std::string& row : rows) {
+    std::istringstream cells(row);
+    std::string number, text;
+    std::getline(cells, number, ':');
+    for (int column = 1; column == 1 || cells.good(); ++column) {
+      text.clear();
+      std::getline(cells, text, '|');
+      if (column > 1 && text.empty()) continue;
+      EXPECT_EQ(told.Text(std::stoi(number), column), text) << row;
     }
   }
 }

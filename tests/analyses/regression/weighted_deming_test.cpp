@@ -31,27 +31,11 @@ TEST(WeightedDeming, ComputesItsNumbers) {
 
 TEST(WeightedDeming, WritesItsLabels) {
   const Transcript told = RunAnalysis(kWeightedDeming, SingleSet(), {{"weighting-exponent", "1"}});
-  ExpectLabels(told, {{2, "  Results of Weighted Deming Regression Analysis (Single)"},
-                      {6, "  Number of (x, y) data points", "25"},
-                      {7, "  x: Col no.", "2"},
-                      {8, "  y: Col no.", "3"},
-                      {9, "Weighting exponent = ", "1.0000", "(square root relationship)"},
-                      {10, "Truncation of weighting at lower limit =   ", "0.0000"},
-                      {11, "  Slope b"},
-                      {16, "  W. correlation coefficient"},
-                      {17, "SDy.x prop. factor (vertical)"},
-                      {18, "  Assigned   SDax/SDay", "1.0000"},
-                      {19, "  Test for dev. from linearity"},
-                      {29, "  No outliers identified"}});
+  ExpectLabels(told, SheetOf("WeightedDeming, writes its labels"));
   EXPECT_EQ(told.PlotOf("frmXY1s").caption, "XY-plot Weighted Deming regression analysis");
   const Transcript duplicate =
       RunAnalysis(kWeightedDeming, DuplicateSet(), {{"mode", "duplicate"}});
-  ExpectLabels(duplicate, {{2, "  Results of Weighted Deming Regression Analysis (dupl.)"},
-                           {6, "  Number of (x1,x2,y1,y2) data points", "25"},
-                           {7, "  x1 and x2: Col numbers", "2", "3"},
-                           {8, "  y1 and y2: Col numbers", "4", "5"},
-                           {9, "Weighting exponent = ", "2.0000", "(proportional relationship)"},
-                           {18, "  Estimated   SDax/SDay"}});
+  ExpectLabels(duplicate, SheetOf("WeightedDeming, writes its labels (2)"));
 }
 
 TEST(WeightedDeming, EqualsDemingWithWeightsOf1) {

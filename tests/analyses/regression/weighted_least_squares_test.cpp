@@ -24,33 +24,7 @@ TEST(Wls, ComputesItsNumbers) {
 
 TEST(Wls, WritesItsLabels) {
   const Transcript told = RunAnalysis(kWls, SingleSet(), {{"xc1", "5"}, {"xc2", "20"}});
-  ExpectLabels(told, {{2, "  Results of Weighted Least-Squares Regression Analysis"},
-                      {8, "  y: Col no.", "3"},
-                      {11, "  Display of weighting parameters"},
-                      {12, "  Weighting exponent = ", "2.0000", "  (proportional relationship)"},
-                      {13, ""},
-                      {14, "  Slope b"},
-                      {15, "  SE b"},
-                      {16, "  95%-Conf. Int."},
-                      {17, "  Test for slope deviation from 1"},
-                      {18, "  t  and  P", "0.3315", " n.s."},
-                      {19, "  Weighted correlation coefficient", "0.9803", " P < 0.001 "},
-                      {20, "  SDy.x prop. factor"},
-                      {21, "  Test for dev. from linearity", " n.s. "},
-                      {22, ""},
-                      {23, "  Intercept  a0"},
-                      {24, "  SE a0"},
-                      {25, "  95%-Conf. Int."},
-                      {26, "  Test for intercept deviation from 0"},
-                      {27, "  t  and  P", "0.3461", " n.s."},
-                      {28, ""},
-                      {29, "  Critical value Xc1"},
-                      {30, "  Difference Yc1 - Xc1 with SE"},
-                      {31, "  Critical value Xc2"},
-                      {32, "  Difference Yc2 - Xc2 with SE"},
-                      {33, ""},
-                      {34, "  No outliers identified"},
-                      {35, "  Outlier limit: No. of SDs", "4.0000"}});
+  ExpectLabels(told, SheetOf("Wls, writes its labels"));
   EXPECT_EQ(told.sheet.DataRowCnt(), 35);
 }
 
@@ -87,25 +61,14 @@ TEST(Wls, MarksWeightedResiduals) {
   const Transcript told =
       RunAnalysis(kWls, WithSixOutliers(),
                   {{"outlier-limit", "2"}, {"weighting-exponent", "1"}, {"show-bands", "on"}});
-  ExpectLabels(told, {{34, "  Number of outliers identified", "3"},
-                      {35, "  Outlier limit: No. of SDs", "2.0000"},
-                      {38, ""},
-                      {39, "  No.", "3"},
-                      {40, "  Outlier (x, y)", "3.0000", "11.1250"},
-                      {41, "  No.", "10"},
-                      {43, "  No.", "17"},
-                      {45, ""},
-                      {52, "x value", "Estim. y value", "Lower 95%-conf. limit"}});
+  ExpectLabels(told, SheetOf("Wls, marks weighted residuals"));
   EXPECT_THAT(SizesOf(told.PlotOf("frmXY1s")), ElementsAre(37, 3, 2, 2, 11, 11));
   EXPECT_EQ(told.PlotOf("frmXY1s").caption, "X-Y plot Weighted least-squares reg. analysis");
   EXPECT_THAT(SizesOf(told.PlotOf("frmRes1s")), ElementsAre(37, 3));
 
   const Transcript more =
       RunAnalysis(kWls, WithSixOutliers(), {{"outlier-limit", "1.3"}, {"weighting-exponent", "0"}});
-  ExpectLabels(more, {{47, "  No.", "31"},
-                      {48, "  Outlier (x, y)", "31.0000", "39.2500"},
-                      {49, ""},
-                      {50, "More than 5 outlier pairs which are not displayed "}});
+  ExpectLabels(more, SheetOf("Wls, marks weighted residuals (2)"));
 }
 
 }  // namespace
