@@ -139,9 +139,9 @@ Json FieldJson(const Field& field) {
 
 Json DescriptionJson(const MenuEntry& entry) {
   const Dialog& dialog = *entry.analysis->dialog;
-  Json json{{"schema", kJsonSchema},    {"analysis", entry.analysis->id},
-            {"caption", entry.caption}, {"window", dialog.window},
-            {"title", dialog.title},    {"heading", dialog.heading},
+  Json json{{"schema", kJsonSchema},           {"analysis", entry.analysis->id},
+            {"caption", entry.caption},        {"window", dialog.window},
+            {"title", dialog.title},           {"heading", dialog.heading},
             {"manual", entry.analysis->manual}};
   json["fields"] = Json::array();
   const Form form(dialog);
