@@ -8,7 +8,7 @@ HistogramClasses ClassOptions::Of(const Description& values, Real N) const {
     form.Note(count, ", so the default number of classes was drawn");
     return DefaultClasses(values, N);
   }
-  const int k = form.Column(count);
+  const int k = form.TextAsInt16(count);
   if (k < 1) form.Note(count, ", so one class was drawn");
   return DivideRange(values, k);
 }

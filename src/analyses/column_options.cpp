@@ -5,7 +5,7 @@
 namespace quorval {
 
 int TakeColumn(const Run& run, const Field& field, const ColumnLimit& limit) {
-  const int column = run.form.Column(field);
+  const int column = run.form.TextAsInt16(field);
   if (column < 1 || column > limit.last) {
     run.form.Note(field, "; this analysis reads the columns 1 to " + std::to_string(limit.last));
     run.Refuse(limit.refusal);

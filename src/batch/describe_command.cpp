@@ -141,7 +141,8 @@ Json DescriptionJson(const MenuEntry& entry) {
   const Dialog& dialog = *entry.analysis->dialog;
   Json json{{"schema", kJsonSchema},    {"analysis", entry.analysis->id},
             {"caption", entry.caption}, {"window", dialog.window},
-            {"title", dialog.title},    {"heading", dialog.heading}};
+            {"title", dialog.title},    {"heading", dialog.heading},
+            {"manual", entry.analysis->manual}};
   json["fields"] = Json::array();
   const Form form(dialog);
   for (const Field* field : form.fields()) json["fields"].push_back(FieldJson(*field));

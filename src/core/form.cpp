@@ -92,9 +92,9 @@ auto Form::ReadWhole(const Field& field, Convert&& convert) const {
   }
 }
 
-Real Form::Number(const Field& field) const {
+Real Form::LeadingNumber(const Field& field) const {
   const Real number = ReadWhole(field, [](const std::string& text) {
-    const Real leading = LeadingNumber(text);
+    const Real leading = quorval::LeadingNumber(text);
     static_cast<void>(Single(leading));
     return leading;
   });
@@ -106,13 +106,13 @@ Real Form::Number(const Field& field) const {
   return number;
 }
 
-Real Form::WholeNumber(const Field& field) const { return ReadWhole(field, ToNumber); }
+Real Form::TextAsNumber(const Field& field) const { return ReadWhole(field, ToNumber); }
 
-Single Form::WholeNumber32(const Field& field) const {
+Single Form::TextAsNumber32(const Field& field) const {
   return ReadWhole(field, [](const std::string& text) { return Single(ToNumber(text)); });
 }
 
-int Form::Column(const Field& field) const {
+int Form::TextAsInt16(const Field& field) const {
   const int number = ReadWhole(field, ToInt16);
   if (number != ToNumber(Text(field))) Note(field, " and was read as " + std::to_string(number));
   return number;
@@ -128,13 +128,13 @@ bool Form::HoldsNumber(const Field& field) const {
 Real Form::ReadAsDemanded(const Field& field) const {
   switch (field.demand.reading) {
     case Reading::kLeadingNumber:
-      return Number(field);
+      return LeadingNumber(field);
     case Reading::kLeadingNumber32:
-      return Number32(field);
+      return LeadingNumber32(field);
     case Reading::kTextAsNumber32:
-      return WholeNumber32(field);
+      return TextAsNumber32(field);
     case Reading::kTextAsInt16:
-      return Column(field);
+      return TextAsInt16(field);
     case Reading::kAnyText:
       break;
   }

@@ -23,15 +23,15 @@ class Form {
   const std::string& TextOf(std::string_view key) const;
 
   // The number the text starts with, 0 where there is none; a Fault beyond 32 bits.
-  Real Number(const Field& field) const;
+  Real LeadingNumber(const Field& field) const;
   // The same, rounded to 32 bits.
-  Single Number32(const Field& field) const { return Single(Number(field)); }
+  Single LeadingNumber32(const Field& field) const { return Single(LeadingNumber(field)); }
   // The number that the whole text is; a Fault where it is none.
-  Real WholeNumber(const Field& field) const;
+  Real TextAsNumber(const Field& field) const;
   // The same, rounded to 32 bits.
-  Single WholeNumber32(const Field& field) const;
+  Single TextAsNumber32(const Field& field) const;
   // The whole text as a 16-bit integer; a Fault where it is none.
-  int Column(const Field& field) const;
+  int TextAsInt16(const Field& field) const;
 
   bool On(const Field& check) const { return Text(check) == "on"; }
   bool Is(const Field& choice, std::string_view word) const { return Text(choice) == word; }

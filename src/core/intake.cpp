@@ -142,7 +142,7 @@ void NoteLabels(Run& run, int column, const Texts& labels, std::string_view noun
 PairColumns ReadPairColumns(Run& run, std::size_t count) {
   PairColumns pair;
   for (std::size_t i = 0; i < count; ++i) {
-    const int number = run.form.Column(*kPairFields[i]);
+    const int number = run.form.TextAsInt16(*kPairFields[i]);
     pair.columns[i] = WalkColumn(run.notices, run.worksheet, number);
   }
   return pair;
@@ -207,7 +207,7 @@ std::vector<ColumnLength> LengthsOf(std::span<const Column> columns) {
 
 Texts ReadLabels(Run& run, const Field& field, std::size_t n, std::string_view noun) {
   Texts labels(n);
-  const int column = run.form.Column(field);
+  const int column = run.form.TextAsInt16(field);
   if (column < 1) return labels;
   for (std::size_t i = 0; i < n; ++i) labels[i] = run.worksheet.Text(column, RowOf(i));
   if (column > Worksheet::kColumns) {
@@ -237,7 +237,7 @@ Column ReadColumn(Run& run, int column) {
 }
 
 Column ReadColumn(Run& run, const Field& field) {
-  const int column = run.form.Column(field);
+  const int column = run.form.TextAsInt16(field);
   if (column <= 0 || column > Worksheet::kColumns)
     run.form.Note(field, "; the worksheet has the columns 1 to 500");
   return ReadColumn(run, column);

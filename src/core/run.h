@@ -29,12 +29,6 @@ struct Run {
   Notices notices{};                     // what no box tells
 
   [[noreturn]] void Refuse(std::string_view words) const { quorval::Refuse(messages, words); }
-
-  // The plot window `window`, empty.
-  Plot& AddPlot(std::string_view window, std::string_view caption) {
-    return plots.emplace_back(Plot{.window = std::string(window), .caption = std::string(caption)});
-  }
-  Plot& AddPlot(const PlotWindow& one) { return AddPlot(one.window, one.caption); }
 };
 
 }  // namespace quorval

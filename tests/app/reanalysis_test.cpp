@@ -4,8 +4,8 @@
 
 #include "analyses/registry.h"
 #include "analyses/regression/regression_data.h"
-#include "app/workbench.h"
 #include "app/rejection_notice.h"
+#include "app/workbench.h"
 #include "support/scripted_platform.h"
 #include "support/temporary_folder.h"
 

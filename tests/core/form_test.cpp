@@ -78,12 +78,12 @@ TEST(Form, KnowsWhichFieldsAreShown) {
 TEST(Form, ReadsTheLeadingNumberInDialogsAndTheWholeTextInRuns) {
   Form form(kDialog);
   form.Set("limit", " 2x");
-  EXPECT_EQ(Raw(form.Number(kLimit)), 2);
-  EXPECT_THROW(form.Column(kLimit), Fault);
+  EXPECT_EQ(Raw(form.LeadingNumber(kLimit)), 2);
+  EXPECT_THROW(form.TextAsInt16(kLimit), Fault);
   form.Set("limit", "none");
-  EXPECT_EQ(Raw(form.Number(kLimit)), 0);
+  EXPECT_EQ(Raw(form.LeadingNumber(kLimit)), 0);
   form.Set("limit", "0.1");
-  EXPECT_EQ(Raw(form.Number32(kLimit)), 0.10000000149011612);
+  EXPECT_EQ(Raw(form.LeadingNumber32(kLimit)), 0.10000000149011612);
 }
 
 TEST(Form, TellsTheFirstBrokenRule) {
@@ -111,9 +111,9 @@ TEST(Form, NotesWhatItCouldNotReadWhole) {
     void (*read)(const Form&);
     std::string outcome;
   };
-  const auto leading = [](const Form& form) { static_cast<void>(form.Number32(kLimit)); };
-  const auto whole = [](const Form& form) { static_cast<void>(form.WholeNumber32(kLimit)); };
-  const auto column = [](const Form& form) { static_cast<void>(form.Column(kLimit)); };
+  const auto leading = [](const Form& form) { static_cast<void>(form.LeadingNumber32(kLimit)); };
+  const auto whole = [](const Form& form) { static_cast<void>(form.TextAsNumber32(kLimit)); };
+  const auto column = [](const Form& form) { static_cast<void>(form.TextAsInt16(kLimit)); };
   for (const auto& [text, read, outcome] : std::initializer_list<Reading>{
            {"1.5", leading, ""},
            {" 2 ", leading, ""},

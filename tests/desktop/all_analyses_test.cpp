@@ -27,14 +27,19 @@ namespace {
 
 class AllAnalysesTest : public test::Desktop, public testing::WithParamInterface<test::ExampleRun> {
  protected:
-  static void Set(const DialogView& dialog, const QString& key, const QString& text) {
-    if (auto* const line = dialog.findChild<QLineEdit*>(key)) {
+  // Fields of a dialog behind a button are set as that dialog does.
+  void Set(const DialogView& dialog, const std::string& key, const std::string& value) {
+    const QString name = ToQt(key), text = ToQt(value);
+    if (auto* const line = dialog.findChild<QLineEdit*>(name)) {
       line->selectAll();
+      QTest::keyClick(line, Qt::Key_Delete);
       QTest::keyClicks(line, text);
-    } else if (auto* const box = dialog.findChild<QCheckBox*>(key)) {
-      if (box->isChecked() != (text == "on")) box->click();
+    } else if (auto* const box = dialog.findChild<QCheckBox*>(name)) {
+      if (box->isChecked() != (value == "on")) box->click();
+    } else if (auto* const button = dialog.findChild<QRadioButton*>(name + "=" + text)) {
+      button->click();
     } else {
-      In<QRadioButton>(dialog, key + "=" + text).click();
+      workbench.open().back().form.Set(key, value);
     }
   }
 
@@ -101,7 +106,7 @@ TEST_P(AllAnalysesTest, ShowsWhatTheProgramWithoutWindowsWrites) {
   desk.Open(analysis);
   auto* const dialog = Shown<DialogView>(ToQt(analysis.dialog->window));
   ASSERT_NE(dialog, nullptr);
-  for (const auto& [key, value] : GetParam().settings) Set(*dialog, ToQt(key), ToQt(value));
+  for (const auto& [key, value] : GetParam().settings) Set(*dialog, key, value);
   In<QPushButton>(*dialog, "ok").click();
   Settle();
 

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds quorval-batch by g++ and clang++, without and with optimisation, runs every analysis on every
-# example set by each of them, twice and in two locales, and compares what they write byte by byte.
+# example set and by every line of tests/data/runs.txt by each of them, twice and in two locales, and
+# compares what they write byte by byte.
 #   tests/trials/same_digits.sh [BUILD_FOLDER]
 set -euo pipefail
 cd "$(dirname "$0")/../.."
@@ -13,7 +14,8 @@ build() { # NAME COMPILER LEVEL
   cmake --build "$work/$1" --target quorval-batch >>"$work/$1.log"
 }
 
-# What a program writes, of all analyses on all examples, with their boxes and exits.
+# What a program writes, of all analyses on all examples and over sets of options, with the boxes and
+# exits.
 results() { # PROGRAM
   local analysis example
   for analysis in $("$1" list | cut -d' ' -f1); do
@@ -22,6 +24,7 @@ results() { # PROGRAM
       "$1" run "$analysis" --demo "$example" --json - 2>&1 || echo "exit $?"
     done
   done
+  tests/trials/run_all.sh "$1"
 }
 
 build gcc-O2 g++ -O2

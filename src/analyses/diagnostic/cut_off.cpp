@@ -31,7 +31,7 @@ CutOffInput ReadCutOff(Run& run) {
                     .by = CutOffBy::kMaxCorrect,
                     .classes = {run.form, kClasses, kClassCount}};
   const auto take = [&](const Field& field) {
-    input.given = Insist(run.messages, kRoutine, [&] { return run.form.WholeNumber32(field); });
+    input.given = Insist(run.messages, kRoutine, [&] { return run.form.TextAsNumber32(field); });
   };
   if (run.form.Is(kCutOffBy, "value")) {
     input.by = CutOffBy::kValue;

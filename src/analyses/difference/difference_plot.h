@@ -4,6 +4,7 @@
 
 #include <string_view>
 
+#include "analyses/difference/difference_rows.h"
 #include "analyses/difference/options.h"
 #include "analyses/difference/paired_data.h"
 #include "core/plot.h"
@@ -17,8 +18,6 @@ struct DifferenceInput {
 };
 
 // --- Rows of the sheets
-
-inline constexpr NamedTable kPairsTable{"pairs", "x, y, y - x and the relative difference"};
 
 // Where the listing of all pairs stands, and how it calls the relative differences.
 struct ListingLayout {
@@ -59,21 +58,6 @@ Plot& AddRelativePlot(Plots& plots, std::string_view caption, const Scale& scale
 void AddLimit(Plot& plot, Points points);
 
 // --- The procedure with the user's limits
-
-inline constexpr Quantity kConstantLimit{
-    "limit", "  User set constant limits for differences (y-x)(+/-):", Unit::kMeasurand,
-    Width::k32};
-inline constexpr Quantity kDivision{"limit.division",
-                                    "  up to division point of:", Unit::kMeasurand, Width::k32};
-// Percentage limits stand twice on a sheet, first among the limits as they were set.
-inline constexpr Quantity kPercentLimitSet{
-    "limit.percent.set", "  User set limits (percent) for differences (y-x)(+/-):", Unit::kPercent};
-inline constexpr Quantity kPercentLimit{
-    "limit.percent", "  User set percent limits for differences (y-x)(+/-):", Unit::kPercent};
-inline constexpr Quantity kOutside{
-    "outside_limits", "  Proportion (%) differences outside the limits: ", Unit::kPercent};
-inline constexpr std::array kUserLimitQuantities{kConstantLimit, kDivision, kPercentLimitSet,
-                                                 kPercentLimit, kOutside};
 
 void RunUserLimits(Run& run);
 

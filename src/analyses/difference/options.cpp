@@ -112,12 +112,12 @@ static_assert(WellFormed(frmBAOpt));
 
 Options ReadOptions(const Form& form) {
   return {.scale = {.percent = form.Is(kScale, "percent")},
-          .outlier_limit = form.WholeNumber32(kOutlierLimit),
+          .outlier_limit = form.TextAsNumber32(kOutlierLimit),
           .show_data = form.On(kShowData)};
 }
 
 UserLimits ReadUserLimits(const Form& form) {
-  const auto number = [&](const Field& field) { return form.WholeNumber32(field); };
+  const auto number = [&](const Field& field) { return form.TextAsNumber32(field); };
   if (form.Is(kLimits, "a")) return {.kind = LimitKind::kConstant, .constant = number(kAConstant)};
   if (form.Is(kLimits, "b")) return {.kind = LimitKind::kPercentage, .percent = number(kBPercent)};
   return {.kind = LimitKind::kConstantThenPercentage,

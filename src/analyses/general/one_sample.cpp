@@ -122,7 +122,7 @@ struct OneSampleInput {
 std::optional<AskedPercentile> TakePercentile(const Form& form, const Sample& x, const Field& field,
                                               const Field& with_se) {
   if (form.Blank(field)) return std::nullopt;
-  const Single p = form.WholeNumber32(field);
+  const Single p = form.TextAsNumber32(field);
   const Real t = p / 100 * x.size() + 0.5;
   if (t < 1 || t > x.size()) {
     form.Note(field,
@@ -141,7 +141,7 @@ OneSampleInput ReadOneSample(Run& run) {
                        .absolute_classes = {form, kAbsoluteClasses, kAbsoluteClassCount},
                        .relative_classes = {form, kRelativeClasses, kRelativeClassCount}};
   if (input.x.size() < 3) run.Refuse(" N < 3: No General Statistics! ");
-  input.outlier_limit = form.WholeNumber32(kOutlierLimit);
+  input.outlier_limit = form.TextAsNumber32(kOutlierLimit);
   if (input.percentiles)
     input.asked = {TakePercentile(form, input.x, kPercentile1, kPercentile1Se),
                    TakePercentile(form, input.x, kPercentile2, kPercentile2Se)};

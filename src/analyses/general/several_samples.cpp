@@ -76,7 +76,7 @@ SeveralSamplesInput ReadSeveralSamples(Run& run) {
   const ColumnSpan columns = TakeColumns(run, kStartColumn, kLastColumn, kAllColumns);
   std::vector<Sample> samples = ReadSamples(run, columns);
   if (AllEqual(samples)) run.Refuse(" No dispersion in variables: No analysis ");
-  return {columns, std::move(samples), run.form.WholeNumber32(kOutlierLimit)};
+  return {columns, std::move(samples), run.form.TextAsNumber32(kOutlierLimit)};
 }
 
 // --- Computation

@@ -72,16 +72,16 @@ constexpr GroupRows kSecond{
 };
 
 inline constexpr Quantity kPairs = Captioned(kCount, "  Number of paired observations:");
-inline constexpr Quantity kDifference{"mean_difference", "  Mean difference: ", Unit::kMeasurand};
-inline constexpr Quantity kDifferenceSe{"mean_difference.se",
+inline constexpr Quantity kDifference{"difference.mean", "  Mean difference: ", Unit::kMeasurand};
+inline constexpr Quantity kDifferenceSe{"difference.mean.se",
                                         "  SE of mean difference: ", Unit::kMeasurand};
 inline constexpr Quantity kDifferenceLower{
-    "mean_difference.lower", "  95%-conf. limits for mean difference: ", Unit::kMeasurand};
+    "difference.mean.lower", "  95%-conf. limits for mean difference: ", Unit::kMeasurand};
 inline constexpr Quantity kDifferenceUpper{
-    "mean_difference.upper", "  95%-conf. limits for mean difference: ", Unit::kMeasurand};
-inline constexpr Quantity kDifferenceT{"mean_difference.t", "  t and P: "};
+    "difference.mean.upper", "  95%-conf. limits for mean difference: ", Unit::kMeasurand};
+inline constexpr Quantity kDifferenceT{"difference.mean.t", "  t and P: "};
 inline constexpr Quantity kDifferenceSd{"difference.sd", "  SD of differences: ", Unit::kMeasurand};
-inline constexpr Quantity kMedianDifference{"median_difference",
+inline constexpr Quantity kMedianDifference{"difference.median",
                                             "  Median Difference(see plot):", Unit::kMeasurand};
 inline constexpr Quantity kF{"f", "F-ratio:"};
 inline constexpr Quantity kFP{"f.p", "P(two-sided):"};

@@ -97,8 +97,8 @@ ControlChartInput ReadControlChart(Run& run) {
                           .analyte = std::move(column.header),
                           .x = column.Numbers(run.notices),
                           .dates = ReadDates(run, column.values.size()),
-                          .M = FirstNumber(run, run.form.Column(kMeanColumn)),
-                          .S = FirstNumber(run, run.form.Column(kSdColumn))};
+                          .M = FirstNumber(run, run.form.TextAsInt16(kMeanColumn)),
+                          .S = FirstNumber(run, run.form.TextAsInt16(kSdColumn))};
   NoteMissing(run.notices, input);
   RefuseWithoutDispersion(run, input.x);
   return input;

@@ -124,8 +124,8 @@ LowSampleInput ReadLowSample(Run& run, const Field& column, const Field& sds) {
   input.x = input.column.Numbers(run.notices);
   if (input.x.size() < 2) run.Refuse(kFewerThanTwo);
   RefuseWithoutDispersion(run, input.x);
-  input.sds = run.form.WholeNumber32(sds);
-  input.outlier_limit = run.form.WholeNumber32(kOutlierLimit);
+  input.sds = run.form.TextAsNumber32(sds);
+  input.outlier_limit = run.form.TextAsNumber32(kOutlierLimit);
   return input;
 }
 

@@ -31,7 +31,7 @@ void ReadBlanks(Run& run, LodInput& input) {
   if (n < 2) run.Refuse(kFewerThanTwo);
   RefuseWithoutDispersion(run, input.blanks);
   if (run.form.Blank(kAlpha)) run.Refuse("Type I error (alpha) not specified");
-  input.alpha = run.form.WholeNumber32(kAlpha);
+  input.alpha = run.form.TextAsNumber32(kAlpha);
   const Real p = 100 - input.alpha;
   input.R = 0.5 + n * p / 100;  // EP17-A: halfway between the ranks that enclose p percent
   if (input.R < 1 || input.R > n)
@@ -47,7 +47,7 @@ LodInput ReadLod(Run& run) {
     if (input.low.back().size() < 2) run.Refuse(kFewerThanTwo);
   }
   input.beta = run.form.Text(kBeta);
-  input.outlier_limit = run.form.WholeNumber32(kOutlierLimit);
+  input.outlier_limit = run.form.TextAsNumber32(kOutlierLimit);
   return input;
 }
 

@@ -88,9 +88,9 @@ LackOfFitInput ReadLackOfFit(Run& run) {
     for (const DilutionLevel& level : input.series.levels) x.push_back(level.x);
     RefuseNegativeOrZero(run, x,
                          "Negative or zero x values in weighted linearity evaluation: no analysis");
-    input.weighting = {run.form.WholeNumber32(kExponent), run.form.WholeNumber32(kTruncation)};
+    input.weighting = {run.form.TextAsNumber32(kExponent), run.form.TextAsNumber32(kTruncation)};
   }
-  input.outlier_limit = run.form.WholeNumber32(kOutlierLimit);
+  input.outlier_limit = run.form.TextAsNumber32(kOutlierLimit);
   return input;
 }
 

@@ -32,8 +32,8 @@ struct PolynomialInput {
 PolynomialInput ReadPolynomial(Run& run) {
   DilutionSeries series = ReadDilutionSeries(run);
   const bool percent = run.form.Holds(kByPercent);
-  const Goal goal{percent, run.form.WholeNumber32(percent ? kPercentGoal : kAbsoluteGoal)};
-  return {.series = std::move(series), .goal = goal, .degree = run.form.Column(kDegree)};
+  const Goal goal{percent, run.form.TextAsNumber32(percent ? kPercentGoal : kAbsoluteGoal)};
+  return {.series = std::move(series), .goal = goal, .degree = run.form.TextAsInt16(kDegree)};
 }
 
 // --- Computation

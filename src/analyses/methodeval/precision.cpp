@@ -97,7 +97,7 @@ SingleRunInput ReadSingleRun(Run& run) {
   SingleRunInput input{.column = column.number,
                        .analyte = std::move(column.header),
                        .x = column.Numbers(run.notices),
-                       .outlier_limit = run.form.WholeNumber32(kOutlierLimit)};
+                       .outlier_limit = run.form.TextAsNumber32(kOutlierLimit)};
   if (input.x.size() < 2) run.Refuse(kFewerThanTwo);
   RefuseWithoutDispersion(run, input.x);
   return input;
@@ -113,7 +113,7 @@ struct RunsInput {
 
 // A run is examined before the next is read: its box comes before what the next is refused for.
 RunsInput ReadRuns(Run& run) {
-  RunsInput input{.outlier_limit = run.form.WholeNumber32(kSeveralOutlierLimit),
+  RunsInput input{.outlier_limit = run.form.TextAsNumber32(kSeveralOutlierLimit),
                   .show_means = run.form.On(kShowMeans),
                   .columns = TakeColumns(run, kStartColumn, kLastColumn)};
   for (int column = input.columns.start; column <= input.columns.last; ++column) {

@@ -21,7 +21,7 @@ void NoteSurplus(Notices& notices, const Column& column, const Column& levels) {
 }  // namespace
 
 RawData ReadRawData(Run& run, const Layout& layout) {
-  RawData data{.outlier_limit = run.form.WholeNumber32(kOutlierLimit),
+  RawData data{.outlier_limit = run.form.TextAsNumber32(kOutlierLimit),
                .columns = TakeColumns(run, kStartColumn, kLastColumn, layout.columns)};
   for (int column = data.columns.start; column <= data.columns.last; ++column) {
     const Sample cells = ReadColumn(run, column).Numbers(run.notices);

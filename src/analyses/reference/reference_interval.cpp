@@ -59,7 +59,7 @@ struct NonparametricInput : ReferenceInput {
 };
 
 int TakeReplications(Run& run) {
-  const int R = Insist(run.messages, "Error", [&] { return run.form.Column(kReplications); });
+  const int R = Insist(run.messages, "Error", [&] { return run.form.TextAsInt16(kReplications); });
   if (R < 5) Fail(run.messages, "No. of bootstrap replications < 5: No analysis!");
   return R;
 }
@@ -83,7 +83,7 @@ ParametricInput ReadParametric(Run& run) {
   const ParametricProcedure& procedure =
       *std::ranges::find(kParametricProcedures, form.Text(kProcedure), &ParametricProcedure::word);
   Single limit;
-  if (form.HoldsNumber(kOutlierLimit)) limit = form.WholeNumber32(kOutlierLimit);
+  if (form.HoldsNumber(kOutlierLimit)) limit = form.TextAsNumber32(kOutlierLimit);
   if (limit <= 0) run.Refuse("Outlier detection limit should be a positive number of SD´s");
   if (procedure.needs_positive && values.RefValues.front() <= 0)
     run.Refuse("Transformation not possible on non-positive numbers!");

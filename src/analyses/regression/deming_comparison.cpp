@@ -39,7 +39,7 @@ DemingInput TakeDemingOptions(const Run& run, Pairs data) {
     DuplicateMeasurements measured{x1, x2, y1, y2, lambda};
     return {TakeParametricOptions(run, std::move(data), 4), std::move(measured), Single{}};
   }
-  const Single ratio = run.form.Number32(kSdRatio);
+  const Single ratio = run.form.LeadingNumber32(kSdRatio);
   SingleMeasurements measured{
       .x = ToSingles(data.x), .y = ToSingles(data.y), .lambda = Single(Square(ratio))};
   data.x = ToReals(measured.x);

@@ -1,31 +1,117 @@
-// The fits without a row each run side by side in the lanes of vectors, with the roundings of one
-// fit; the full fit is a block of lanes that leave no row out.  Vectors are not Reals: what leaves
-// the finite numbers is found where the sums become Reals again.
 #include "analyses/regression/fit_weighted_deming.h"
 
 #include <algorithm>
-#include <array>
-#include <span>
+#include <cmath>
 
-#include "analyses/regression/lanes.h"
+#include "analyses/regression/weighted_deming_step.h"
 
 namespace quorval::regression {
 namespace {
 
-// The measurements as the lanes take them.
-struct Rows {
-  std::vector<double> x{}, y{};  // one point for each row, or two that follow one another
-  std::vector<double> place_x{}, place_y{};  // a row's point, or the mean of its two
-  std::vector<double> A{}, B{};  // squared differences of duplicates, where lambda is estimated
-  bool narrow = false;           // what is computed of a row is rounded to 32 bits
-
-  std::size_t Count() const { return place_x.size(); }
-  bool Duplicate() const { return x.size() > Count(); }
-  bool EstimatesLambda() const { return !A.empty(); }
+// A row's estimated place on the line, and what it weighs there.
+struct WeighedPlace {
+  double x_hat, y_hat, w;
 };
 
-Rows RowsOf(const SingleMeasurements& measured) {
-  Rows rows{.narrow = true};
+double PowerOf(double u, Single P) {
+  if (P == 0) return 1;
+  if (P == 1) return u;
+  if (P == 2) return u * u;
+  return std::pow(u, Raw(P));
+}
+
+// Bare doubles, as in the fits without a row each: what leaves the finite numbers is found where
+// the sums become Reals.
+WeighedPlace Weigh(const WeightedDemingRows& rows, std::size_t i, const Weighting& weighting,
+                   const DemingLine& line) {
+  const double lambda = Raw(line.lambda), b = Raw(line.b);
+  const double x = rows.place_x[i], y = rows.place_y[i];
+  const double d = y - (Raw(line.mean_y) + b * (x - Raw(line.mean_x)));
+  const double g = 1 + lambda * (b * b);
+  const double x_hat = x + lambda * b * d / g;
+  const double y_hat = y - d / g;
+
+  const double place = x_hat + lambda * y_hat;  // between both methods, times 1 + lambda
+  const double T = Raw(weighting.T);
+  const bool truncated = T != 0 && place <= T + lambda * T;
+  const double w = 1 / PowerOf(truncated ? T : place / (1 + lambda), weighting.P);
+  return {x_hat, y_hat, rows.narrow ? static_cast<double>(static_cast<float>(w)) : w};
+}
+
+// The weights at the line; none where a place is not positive.
+std::optional<std::vector<double>> WeighRows(const WeightedDemingRows& rows,
+                                             const Weighting& weighting, const DemingLine& line) {
+  std::vector<double> weights;
+  bool positive = true;
+  for (std::size_t i = 0; i < rows.Count(); ++i) {
+    const auto [x_hat, y_hat, w] = Weigh(rows, i, weighting, line);
+    positive = positive && !(x_hat <= 0 || y_hat <= 0);
+    weights.push_back(w);
+  }
+  if (!positive) return std::nullopt;
+  return weights;
+}
+
+StepSums SumUp(const WeightedDemingRows& rows, const std::vector<double>& w) {
+  double Sw = 0, mean_x = 0, mean_y = 0;
+  for (std::size_t i = 0; i < rows.Count(); ++i) {
+    Sw += w[i];
+    mean_x += w[i] * rows.place_x[i];
+    mean_y += w[i] * rows.place_y[i];
+  }
+  mean_x /= Sw;
+  mean_y /= Sw;
+
+  float Sxx = 0;  // rounded at each addition
+  double Syy = 0, Sxy = 0, A = 0, B = 0;
+  const std::size_t points = rows.x.size() / rows.Count();  // of a row
+  for (std::size_t k = 0; k < rows.x.size(); ++k) {
+    const double weight = w[k / points];
+    const double dx = mean_x - rows.x[k];
+    const double dy = mean_y - rows.y[k];
+    Sxx = static_cast<float>(Sxx + weight * (dx * dx));
+    Syy += weight * (dy * dy);
+    Sxy += weight * dx * dy;
+  }
+  for (std::size_t i = 0; i < rows.A.size(); ++i) {
+    A += w[i] * rows.A[i];
+    B += w[i] * rows.B[i];
+  }
+  if (Sw == 0) return {};
+  return {Sw, mean_x, mean_y, {Single(static_cast<double>(Sxx)), Syy, Sxy}, A, B};
+}
+
+// Weighs the rows at the line and takes the line that fits them so.
+bool WeightedDemingStep(const WeightedDemingRows& rows, const Weighting& weighting,
+                        WeightedDemingLine& line) {
+  const std::optional<std::vector<double>> w = WeighRows(rows, weighting, line);
+  if (!w) return false;
+  line.w.assign(w->begin(), w->end());
+  return SolveStep(rows, SumUp(rows, *w), line, line.rw);
+}
+
+// From the unweighted line to the line that its own weights lead to.
+template <class Measurements>
+std::optional<WeightedDemingLine> Fit(const Measurements& measured, const Weighting& weighting) {
+  const std::optional<DemingLine> start = FitDeming(measured);
+  if (!start) return std::nullopt;
+  const WeightedDemingRows rows = RowsOf(measured);
+  WeightedDemingLine line{*start, {}, {}};
+  if (!WeightedDemingStep(rows, weighting, line)) return std::nullopt;
+  for (int step = 1; step <= kMostSteps; ++step) {
+    const Real before = line.b;
+    if (!WeightedDemingStep(rows, weighting, line)) return std::nullopt;
+    if (Abs(line.b - before) >= kTolerance) continue;
+    static_cast<DemingLine&>(line) = WithIntercept(rows, line);
+    return line;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+WeightedDemingRows RowsOf(const SingleMeasurements& measured) {
+  WeightedDemingRows rows{.narrow = true};
   for (Single x : measured.x) rows.x.push_back(Raw(x));
   for (Single y : measured.y) rows.y.push_back(Raw(y));
   rows.place_x = rows.x;
@@ -33,9 +119,9 @@ Rows RowsOf(const SingleMeasurements& measured) {
   return rows;
 }
 
-Rows RowsOf(const DuplicateMeasurements& measured) {
+WeightedDemingRows RowsOf(const DuplicateMeasurements& measured) {
   const auto& [x1, x2, y1, y2, given] = measured;
-  Rows rows;
+  WeightedDemingRows rows;
   for (std::size_t i = 0; i < x1.size(); ++i) {
     for (Real x : {x1[i], x2[i]}) rows.x.push_back(Raw(x));
     for (Real y : {y1[i], y2[i]}) rows.y.push_back(Raw(y));
@@ -48,262 +134,36 @@ Rows RowsOf(const DuplicateMeasurements& measured) {
   return rows;
 }
 
-[[gnu::always_inline]] inline Lanes PowerOf(const Lanes& u, Single P) {
-  if (P == 0) return 1;
-  if (P == 1) return u;
-  if (P == 2) return u * u;
-  return Lanes([&](auto lane) { return std::pow(static_cast<double>(u[lane]), Raw(P)); });
+bool SolveStep(const WeightedDemingRows& rows, const StepSums& sums, DemingLine& line, Real& rw) {
+  const auto& [Sw, mean_x, mean_y, scatter, A, B] = sums;
+  if (Sw == 0) return false;
+  line.mean_x = mean_x;
+  line.mean_y = mean_y;
+  if (rows.EstimatesLambda()) {
+    if (B == 0) return false;
+    line.lambda = A / B;
+  }
+  const std::optional<Real> b = DemingSlope(scatter, line.lambda);
+  if (!b || scatter.Sxx * scatter.Syy <= 0) return false;
+  line.b = rows.narrow ? Real(Single(*b)) : *b;
+  rw = scatter.Sxy / Sqrt(scatter.Sxx * scatter.Syy);
+  return true;
 }
 
-// The current lines of the lanes.
-struct LineLanes {
-  Lanes b, mean_x, mean_y, lambda;
-  Lanes g = 1 + lambda * (b * b);
-
-  struct Place {
-    Lanes x_hat, y_hat;
-  };
-  // The point's estimated place on the line.
-  [[gnu::always_inline]] Place PlaceOf(const Lanes& x, const Lanes& y) const {
-    const Lanes d = y - (mean_y + b * (x - mean_x));
-    return {x + lambda * b * d / g, y - d / g};
-  }
-};
-
-// The weighting of the lanes.
-struct WeightLanes {
-  Single P;
-  bool truncates;
-  Lanes lambda;
-  Lanes most, at_limit;  // where truncation ends, and the weight up to there
-
-  WeightLanes(const Weighting& weighting, const Lanes& lambda_lanes)
-      : P(weighting.P), truncates(weighting.T != 0), lambda(lambda_lanes) {
-    const Lanes T = Raw(weighting.T);
-    most = T + lambda * T;
-    at_limit = 1 / PowerOf(T, P);
-  }
-
-  [[gnu::always_inline]] Lanes At(const Lanes& x_hat, const Lanes& y_hat) const {
-    const Lanes place = x_hat + lambda * y_hat;
-    const LaneMask below = truncates ? place <= most : LaneMask(false);
-    if (all_of(below)) return at_limit;
-    Lanes w = 1 / PowerOf(place / (1 + lambda), P);
-    if (any_of(below)) where(below, w) = at_limit;
-    return w;
-  }
-};
-
-// What a step sums up over the rows, about the weighted means.
-struct StepSums {
-  Lanes Sw = 0, mean_x = 0, mean_y = 0;
-  Lanes Sxx = 0, Syy = 0, Sxy = 0;
-  Lanes A = 0, B = 0;
-
-  [[gnu::always_inline]] void Add(const Lanes& w, double x, double y) {
-    const Lanes dx = mean_x - x;
-    const Lanes dy = mean_y - y;
-    Sxx = Round32(Sxx + w * (dx * dx));
-    Syy += w * (dy * dy);
-    Sxy += w * dx * dy;
-  }
-};
-
-// Some fits at their current lines, each without a row of its own.
-class FitBlock {
- public:
-  // Lane k starts from the k-th line and leaves out row `first` + k, where there is such a row.
-  FitBlock(const Rows& rows, const Weighting& weighting, std::size_t first,
-           std::span<const DemingLine> start)
-      : rows_(rows), weighting_(weighting), first_(first), w_(rows.Count()) {
-    std::ranges::copy(start, lines_.begin());
-    std::fill_n(active_.begin(), start.size(), true);
-  }
-
-  // Runs every lane to its end; false where one fails.
-  bool Iterate() {
-    constexpr int kMostSteps = 10;
-    constexpr double kTolerance = 0.000001;
-    if (!WeightedDemingStep()) return false;
-    for (int step = 1; step <= kMostSteps; ++step) {
-      const auto before = lines_;
-      if (!WeightedDemingStep()) return false;
-      bool settled = true;
-      for (std::size_t k = 0; k < kLanes; ++k) {
-        if (!active_[k]) continue;
-        active_[k] = Abs(lines_[k].b - before[k].b) >= kTolerance;
-        settled = settled && !active_[k];
-      }
-      if (settled) return true;
-    }
-    return false;
-  }
-
-  // The lane's line, with the intercept through the weighted means.
-  template <class Width>
-  DemingLine LineOf(std::size_t lane) const {
-    DemingLine line = lines_[lane];
-    line.a0 = Width(line.mean_y - line.mean_x * line.b);
-    return line;
-  }
-  Real CorrelationOf(std::size_t lane) const { return rw_[lane]; }
-  Real WeightOf(std::size_t row, std::size_t lane) const { return w_[row][static_cast<int>(lane)]; }
-
- private:
-  // One weighted step from the current lines; false where a lane fails.
-  bool WeightedDemingStep() { return WeighRows() && Solve(SumUp()); }
-
-  template <class Part>
-  Lanes Current(Part part) const {
-    return Lanes([&](auto lane) { return Raw(lines_[lane].*part); });
-  }
-
-  // Fills w_; false where a place on the line is not positive.
-  bool WeighRows() {
-    const LineLanes line{.b = Current(&DemingLine::b),
-                         .mean_x = Current(&DemingLine::mean_x),
-                         .mean_y = Current(&DemingLine::mean_y),
-                         .lambda = Current(&DemingLine::lambda)};
-    const WeightLanes weight(weighting_, line.lambda);
-    const std::size_t end = std::min(first_ + kLanes, rows_.Count());
-    Lanes lowest = 1;
-    const auto weigh = [&](std::size_t from, std::size_t to, auto&& left_out) {
-      for (std::size_t i = from; i < to; ++i) {
-        auto [x_hat, y_hat] = line.PlaceOf(rows_.place_x[i], rows_.place_y[i]);
-        const Lanes w = weight.At(x_hat, y_hat);
-        w_[i] = rows_.narrow ? Round32(w) : w;
-        left_out(i, x_hat, y_hat);
-        lowest = min(lowest, min(x_hat, y_hat));
-      }
-    };
-    const auto none = [](std::size_t, const Lanes&, const Lanes&) {};
-    const auto own = [&](std::size_t i, Lanes& x_hat, Lanes& y_hat) {
-      const auto lane = static_cast<int>(i - first_);
-      w_[i][lane] = 0;  // weighs nothing in the fit without it
-      x_hat[lane] = y_hat[lane] = 1;
-    };
-    weigh(0, std::min(first_, end), none);
-    weigh(std::min(first_, end), end, own);
-    weigh(end, rows_.Count(), none);
-    for (std::size_t k = 0; k < kLanes; ++k)
-      if (active_[k] && lowest[static_cast<int>(k)] <= 0) return false;
-    return true;
-  }
-
-  StepSums SumUp() const {
-    StepSums sums;
-    for (std::size_t i = 0; i < rows_.Count(); ++i) {
-      sums.Sw += w_[i];
-      sums.mean_x += w_[i] * rows_.place_x[i];
-      sums.mean_y += w_[i] * rows_.place_y[i];
-    }
-    sums.mean_x /= sums.Sw;
-    sums.mean_y /= sums.Sw;
-    for (std::size_t i = 0; i < rows_.Count(); ++i) {
-      if (!rows_.Duplicate()) {
-        sums.Add(w_[i], rows_.x[i], rows_.y[i]);
-        continue;
-      }
-      sums.Add(w_[i], rows_.x[2 * i], rows_.y[2 * i]);
-      sums.Add(w_[i], rows_.x[2 * i + 1], rows_.y[2 * i + 1]);
-      if (!rows_.EstimatesLambda()) continue;
-      sums.A += w_[i] * rows_.A[i];
-      sums.B += w_[i] * rows_.B[i];
-    }
-    return sums;
-  }
-
-  // The lines of the lanes that still run; false where one cannot be had.
-  bool Solve(const StepSums& sums) {
-    for (std::size_t k = 0; k < kLanes; ++k)
-      if (active_[k] && !SolveLane(sums, k)) return false;
-    return true;
-  }
-
-  bool SolveLane(const StepSums& sums, std::size_t k) {
-    const auto of = [&](const Lanes& lanes) { return Real(lanes[static_cast<int>(k)]); };
-    if (of(sums.Sw) == 0) return false;
-    DemingLine& line = lines_[k];
-    line.mean_x = of(sums.mean_x);
-    line.mean_y = of(sums.mean_y);
-    if (rows_.EstimatesLambda()) {
-      if (of(sums.B) == 0) return false;
-      line.lambda = of(sums.A) / of(sums.B);
-    }
-    const Scatter scatter{.Sxx = Single(of(sums.Sxx)), .Syy = of(sums.Syy), .Sxy = of(sums.Sxy)};
-    const std::optional<Real> b = DemingSlope(scatter, line.lambda);
-    if (!b || scatter.Sxx * scatter.Syy <= 0) return false;
-    line.b = rows_.narrow ? Real(Single(*b)) : *b;
-    rw_[k] = scatter.Sxy / Sqrt(scatter.Sxx * scatter.Syy);
-    return true;
-  }
-
-  const Rows& rows_;
-  const Weighting weighting_;
-  const std::size_t first_;
-  std::array<DemingLine, kLanes> lines_{};
-  std::array<bool, kLanes> active_{};
-  std::array<Real, kLanes> rw_{};
-  std::vector<Lanes> w_;
-};
-
-// The unweighted line, from which the iteration starts.
-template <class Measurements>
-std::optional<DemingLine> StartDeming(const Measurements& measured) {
-  return FitDeming(measured);
-}
-
-template <class Measurements>
-std::optional<WeightedDemingLine> FitFull(const Measurements& measured,
-                                          const Weighting& weighting) {
-  const std::optional<DemingLine> start = StartDeming(measured);
-  if (!start) return std::nullopt;
-  const Rows rows = RowsOf(measured);
-  FitBlock block(rows, weighting, rows.Count(), {&*start, 1});
-  if (!block.Iterate()) return std::nullopt;
-  WeightedDemingLine line{
-      block.LineOf<typename Measurements::Width>(0), block.CorrelationOf(0), {}};
-  for (std::size_t i = 0; i < rows.Count(); ++i) line.w.push_back(block.WeightOf(i, 0));
+DemingLine WithIntercept(const WeightedDemingRows& rows, DemingLine line) {
+  const Real a0 = line.mean_y - line.mean_x * line.b;
+  line.a0 = rows.narrow ? Real(Single(a0)) : a0;
   return line;
 }
 
-template <class Measurements>
-std::optional<std::vector<DemingLine>> FitWithoutEach(const Measurements& measured,
-                                                      const Weighting& weighting) {
-  const auto starts = FitDemingWithoutEach(measured);
-  if (!starts) return std::nullopt;
-  const Rows rows = RowsOf(measured);
-  std::vector<DemingLine> lines;
-  for (std::size_t first = 0; first < rows.Count(); first += kLanes) {
-    const std::size_t count = std::min<std::size_t>(kLanes, rows.Count() - first);
-    FitBlock block(rows, weighting, first, std::span(*starts).subspan(first, count));
-    if (!block.Iterate()) return std::nullopt;
-    for (std::size_t k = 0; k < count; ++k)
-      lines.push_back(block.LineOf<typename Measurements::Width>(k));
-  }
-  return lines;
-}
-
-}  // namespace
-
 std::optional<WeightedDemingLine> FitWeightedDeming(const SingleMeasurements& measured,
                                                     const Weighting& weighting) {
-  return FitFull(measured, weighting);
+  return Fit(measured, weighting);
 }
 
 std::optional<WeightedDemingLine> FitWeightedDeming(const DuplicateMeasurements& measured,
                                                     const Weighting& weighting) {
-  return FitFull(measured, weighting);
-}
-
-std::optional<std::vector<DemingLine>> FitWeightedDemingWithoutEach(
-    const SingleMeasurements& measured, const Weighting& weighting) {
-  return FitWithoutEach(measured, weighting);
-}
-
-std::optional<std::vector<DemingLine>> FitWeightedDemingWithoutEach(
-    const DuplicateMeasurements& measured, const Weighting& weighting) {
-  return FitWithoutEach(measured, weighting);
+  return Fit(measured, weighting);
 }
 
 }  // namespace quorval::regression

@@ -96,11 +96,11 @@ PolynomialInput ReadPolynomial(Run& run) {
   if (input.x.size() < 3) run.Refuse(" N < 3: No analysis ");
   SortByX(input.x, input.y);
 
-  input.degree = form.Column(kDegree);
+  input.degree = form.TextAsInt16(kDegree);
   if (input.degree > input.Count() - 2)
     run.Refuse("Degree of polynomium is higher than sample size minus two: No analysis");
-  input.outlier_limit = form.WholeNumber32(kLimit);
-  if (!form.Blank(kXValue)) input.x_value = form.WholeNumber32(kXValue);
+  input.outlier_limit = form.TextAsNumber32(kLimit);
+  if (!form.Blank(kXValue)) input.x_value = form.TextAsNumber32(kXValue);
   input.show_values = form.On(kShowValues);
   input.show_limits = form.On(kShowLimits);
   return input;

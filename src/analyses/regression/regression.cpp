@@ -9,7 +9,7 @@ CriticalValue TakeCriticalValue(const Form& form, const Field& field, const Rang
                                 Real fraction) {
   const CriticalValue inside{range.min + fraction * (range.max - range.min)};
   if (form.Blank(field)) return inside;
-  const Real given = form.Number32(field);
+  const Real given = form.LeadingNumber32(field);
   if (given >= Single(range.min) && given <= Single(range.max)) return {given, true};
   form.Note(field, "; x goes from " + ShortestText(range.min) + " to " + ShortestText(range.max) +
                        ", so its rows are left out");
@@ -17,8 +17,9 @@ CriticalValue TakeCriticalValue(const Form& form, const Field& field, const Rang
 }
 
 std::array<int, 4> ColumnNumbers(const Form& form) {
-  if (!IsDuplicate(form)) return {form.Column(Text10), form.Column(Text11)};
-  return {form.Column(Text10), form.Column(Text11), form.Column(Text12), form.Column(Text13)};
+  if (!IsDuplicate(form)) return {form.TextAsInt16(Text10), form.TextAsInt16(Text11)};
+  return {form.TextAsInt16(Text10), form.TextAsInt16(Text11), form.TextAsInt16(Text12),
+          form.TextAsInt16(Text13)};
 }
 
 }  // namespace
@@ -93,7 +94,7 @@ ComparisonInput TakeOptions(const Run& run, Pairs data, int least) {
 ParametricInput TakeParametricOptions(const Run& run, Pairs data, int least) {
   ParametricInput input{TakeOptions(run, std::move(data), least)};
   input.repeated = run.repeated != nullptr;
-  input.outlier_limit = run.form.Number32(kOutlierLimit);
+  input.outlier_limit = run.form.LeadingNumber32(kOutlierLimit);
   input.show_bands = run.form.On(kShowBands);
   input.plot_bands = run.form.On(kPlotBands);
   return input;

@@ -18,7 +18,7 @@ inline constexpr Field kTruncationLimit{
     .demand = {.reading = Reading::kLeadingNumber32, .least = 0, .refusal = kOptionRefused}};
 
 inline Weighting TakeWeighting(const Form& form) {
-  return {form.Number32(kWeightingExponent), form.Number32(kTruncationLimit)};
+  return {form.LeadingNumber32(kWeightingExponent), form.LeadingNumber32(kTruncationLimit)};
 }
 
 namespace quantity {

@@ -16,7 +16,7 @@ static_assert(WellFormed(frmFormat));
 // Row by row: a word ends it, and the rows above the word stay formatted.
 void RunFormat(ToolRun& run) {
   const std::string& decimals = run.form.Text(kDecimals);
-  static_cast<void>(run.form.Column(kDecimals));
+  static_cast<void>(run.form.TextAsInt16(kDecimals));
   const int column = ColumnOf(run, kColumn);
   const Column cells = WalkColumn(run.notices, run.worksheet, column);
   for (std::size_t i = 0; i < cells.values.size(); ++i)

@@ -16,7 +16,7 @@ const Tool* Find(Key key, Key Tool::*member) {
 }  // namespace
 
 int ColumnOf(const ToolRun& run, const Field& field) {
-  const int column = run.form.Column(field);
+  const int column = run.form.TextAsInt16(field);
   if (column < 1 || column > Worksheet::kColumns) {
     run.form.Note(field, "; the worksheet has the columns 1 to 500");
     run.Refuse(" Selected column no. < 1 or > 500: No analysis ");

@@ -43,7 +43,7 @@ constexpr Dialog frmTransform{
     .window = "frmTransform", .title = "Transform Data", .fields = kFields};
 static_assert(WellFormed(frmTransform));
 
-Real ConstantIn(const ToolRun& run, const Field& field) { return run.form.WholeNumber(field); }
+Real ConstantIn(const ToolRun& run, const Field& field) { return run.form.TextAsNumber(field); }
 
 // A refusal that a second box follows.
 [[noreturn]] void Fail(const ToolRun& run, std::string_view words) {
@@ -109,7 +109,7 @@ Sample Transformed(const ToolRun& run, const Sample& x) {
 
 void RunTransform(ToolRun& run) {
   const Column column =
-      ReadColumn(run.messages, run.notices, run.worksheet, run.form.Column(Text1));
+      ReadColumn(run.messages, run.notices, run.worksheet, run.form.TextAsInt16(Text1));
   if (column.values.empty()) run.Refuse(" N < 1: No transformation ");
   const Sample y = Transformed(run, column.Numbers(run.notices));
   for (int row = 1; Real value : y) run.worksheet.SetValue(column.number, row++, value);
