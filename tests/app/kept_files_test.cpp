@@ -11,6 +11,7 @@
 #include "app/workbench.h"
 #include "core/file_name.h"
 #include "formats/worksheet_file.h"
+#include "support/data_table.h"
 #include "support/obstacles.h"
 #include "support/scripted_platform.h"
 #include "support/temporary_folder.h"
@@ -150,31 +151,11 @@ TEST_F(KeptFilesTest, EveryKindOfSaveThatFailsSaysWhyAndLeavesWhatStood) {
          workbench.project().SetFile(path);
          files.Save();
        }},
-      {"results.qvl",
-       [&](const fs::path& path) {
-         platform.paths = {path};
-         workbench.SaveResults(open);
-       }},
-      {"results.csv",
-       [&](const fs::path& path) {
-         platform.paths = {path};
-         workbench.ExportResults(open);
-       }},
-      {"a.xls",
-       [&](const fs::path& path) {
-         platform.paths = {path};
-         files.Export();
-       }},
-      {"a.xlsx",
-       [&](const fs::path& path) {
-         platform.paths = {path};
-         files.Export();
-       }},
-      {"a.tsv",
-       [&](const fs::path& path) {
-         platform.paths = {path};
-         files.Export();
-       }},
+      {"results.qvl", [&](const fs::path&) { workbench.SaveResults(open); }},
+      {"results.csv", [&](const fs::path&) { workbench.ExportResults(open); }},
+      {"a.xls", [&](const fs::path&) { files.Export(); }},
+      {"a.xlsx", [&](const fs::path&) { files.Export(); }},
+      {"a.tsv", [&](const fs::path&) { files.Export(); }},
   };
   for (const test::Obstacle& obstacle : test::kObstacles)
     for (const auto& [name, save] : commands) {
@@ -185,6 +166,7 @@ TEST_F(KeptFilesTest, EveryKindOfSaveThatFailsSaysWhyAndLeavesWhatStood) {
       const std::set<std::string> before = Listing(place.path());
       platform.boxes.clear();
       platform.notices.clear();
+      platform.paths = {path};
       {
         const test::Hold held = obstacle.hold();
         save(path);
@@ -277,11 +259,10 @@ TEST_F(KeptFilesTest, TheSheetOnTheScreenIsEmptyBeforeTheFileDialogOpens) {
 // --- The way back
 
 TEST_F(KeptFilesTest, EveryCommandThatChangesTheSheetIsOneStepOfItsUndo) {
-  const auto tool = [&](std::string_view id,
-                        std::initializer_list<std::array<const char*, 2>> set) {
+  const auto tool = [&](std::string_view id, const std::string& settings) {
     const Tool& one = *FindTool(id);
     Form form(*one.dialog);
-    for (const auto& [key, value] : set) form.Set(key, value);
+    for (const auto& [key, value] : test::SettingsOf(test::WordsOf(settings))) form.Set(key, value);
     EXPECT_EQ(workbench.PressOk(one, form), Outcome::kDone) << id;
   };
   const struct {
@@ -292,22 +273,10 @@ TEST_F(KeptFilesTest, EveryCommandThatChangesTheSheetIsOneStepOfItsUndo) {
       {"example", [&] { workbench.ImportExample(*FindExample("Detection Limit Example")); }},
       {"diagnostic example",
        [&] { workbench.ImportExample(*FindExample("Evaluation of a single diagnostic test")); }},
-      {"sort",
-       [&] {
-         tool("sort", {{"column", "2"}});
-       }},
-      {"paired sort",
-       [&] {
-         tool("sort", {{"mode", "paired"}, {"key-column", "3"}, {"second-column", "2"}});
-       }},
-      {"transform",
-       [&] {
-         tool("transform", {{"column", "2"}});
-       }},
-      {"format",
-       [&] {
-         tool("format", {{"column", "2"}, {"decimals", "1"}});
-       }},
+      {"sort", [&] { tool("sort", "column=2"); }},
+      {"paired sort", [&] { tool("sort", "mode=paired key-column=3 second-column=2"); }},
+      {"transform", [&] { tool("transform", "column=2"); }},
+      {"format", [&] { tool("format", "column=2 decimals=1"); }},
       {"new", [&] { files.New(); }},
   };
   for (const auto& [what, run] : commands) {

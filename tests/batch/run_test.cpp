@@ -42,6 +42,7 @@ TEST(Run, GivesEveryNumberOfTheSheet) {
   ASSERT_EQ(answer.status, 0);
   EXPECT_EQ(answer.err, "");
   std::map<Place, Json> numbers = CellsOf(answer.json);
+  EXPECT_EQ(numbers.at({6, 2}).dump(), R"({"row":6,"column":2,"text":"25","value":25.0,"type":1})");
   std::erase_if(numbers, [](const auto& cell) { return !cell.second.contains("decimals"); });
   const auto expected = ReadDataFile("regressions.csv");
   std::size_t count = 0;

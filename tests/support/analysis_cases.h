@@ -57,23 +57,4 @@ inline std::string PointsText(const Series& series) {
   return text;
 }
 
-// A run that ends early, on columns from column 2 on.
-struct EarlyEnd {
-  std::string what;
-  Columns columns;
-  Settings settings;
-  std::vector<std::string> boxes;
-  int last_row = 0;  // of the sheet that remains
-};
-
-inline void ExpectEarlyEnds(const Analysis& analysis, const std::vector<EarlyEnd>& cases) {
-  for (const EarlyEnd& early : cases) {
-    const Transcript told = RunAnalysis(analysis, early.columns, early.settings);
-    EXPECT_EQ(told.outcome, Outcome::kRefused) << early.what;
-    EXPECT_THAT(told.boxes, testing::ElementsAreArray(early.boxes)) << early.what;
-    EXPECT_EQ(told.sheet.DataRowCnt(), early.last_row) << early.what;
-    EXPECT_THAT(told.plots, testing::IsEmpty()) << early.what;
-  }
-}
-
 }  // namespace quorval::test

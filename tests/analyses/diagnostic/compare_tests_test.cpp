@@ -105,7 +105,13 @@ TEST(CompareTests, RefusesAndFails) {
   };
   std::vector<std::string> worded = example[0];
   worded[20] = "n.d.";
-  std::vector<EarlyEnd> cases{
+  struct Case {
+    std::string what;
+    Columns columns;
+    Settings settings;
+    std::vector<std::string> boxes;
+  };
+  std::vector<Case> cases{
       {"word", with(1, worded), {}, {"Error"}},
       {"word as column", example, {{"third-column", "x"}}, {"Error"}},
       {"no column", example, {{"fourth-column", ""}}, {"Error"}},
@@ -119,7 +125,14 @@ TEST(CompareTests, RefusesAndFails) {
        {se, "Error"}},
   };
   for (std::size_t i = 0; i < 4; ++i) cases.push_back({"9", shortened(i, 9), kWithSE, {small}});
-  ExpectEarlyEnds(kCompareTests, cases);
+  for (const auto& [what, columns, settings, boxes] : cases) {
+    SCOPED_TRACE(what);
+    const Transcript told = RunAnalysis(kCompareTests, columns, settings);
+    EXPECT_EQ(told.outcome, Outcome::kRefused);
+    EXPECT_EQ(told.boxes, boxes);
+    EXPECT_EQ(told.sheet.DataRowCnt(), 0);
+    EXPECT_THAT(told.plots, testing::IsEmpty());
+  }
   Context context;
   context.NDec = "x";
   EXPECT_THAT(RunAnalysis(kCompareTests, example, {}, context).boxes,
