@@ -98,19 +98,22 @@ struct Field {
 struct Rule {
   enum class Asks { kDemandsMet, kFilled };
 
-  std::array<const Field*, 5> fields{};
+  std::array<const Field*, 5> named{};
+  std::size_t count = 0;  // of them
   Asks asks = Asks::kDemandsMet;
   bool (*broken)(const Form&) = nullptr;
   std::string_view refusal{};  // where the form breaks it; a field has words of its own
+
+  constexpr std::span<const Field* const> Fields() const { return {named.data(), count}; }
 };
 
 template <class... Fields>
 constexpr Rule DemandsOf(const Fields&... fields) {
-  return {.fields = {&fields...}};
+  return {.named = {&fields...}, .count = sizeof...(fields)};
 }
 
 constexpr Rule Filled(const Field& field) {
-  return {.fields = {&field}, .asks = Rule::Asks::kFilled};
+  return {.named = {&field}, .count = 1, .asks = Rule::Asks::kFilled};
 }
 
 struct Dialog {
@@ -157,14 +160,14 @@ constexpr bool HasWord(const Field& field, std::string_view word) {
 // Whether OK can look at each field of a rule, and has words to refuse it with.
 constexpr bool WellFormed(const Rule& rule, std::span<const Field> fields) {
   if (rule.broken != nullptr) return !rule.refusal.empty();
-  return std::ranges::all_of(rule.fields, [&](const Field* named) {
-    return named == nullptr || std::ranges::any_of(fields, [&](const Field& field) {
-             const Demand& demand = field.demand;
-             if (field.key != named->key) return false;
-             return rule.asks == Rule::Asks::kFilled
-                        ? !demand.refusal_if_blank.empty()
-                        : demand.reading != Reading::kAnyText && !demand.refusal.empty();
-           });
+  return std::ranges::all_of(rule.Fields(), [&](const Field* named) {
+    return std::ranges::any_of(fields, [&](const Field& field) {
+      const Demand& demand = field.demand;
+      if (field.key != named->key) return false;
+      return rule.asks == Rule::Asks::kFilled
+                 ? !demand.refusal_if_blank.empty()
+                 : demand.reading != Reading::kAnyText && !demand.refusal.empty();
+    });
   });
 }
 

@@ -217,8 +217,8 @@ void Form::TakeNested(const Form& other) {
 
 std::string_view Form::WordsOfBroken(const Rule& rule) const {
   if (rule.broken != nullptr && rule.broken(*this)) return rule.refusal;
-  for (const Field* named : rule.fields) {
-    const Field* const field = named == nullptr ? nullptr : Find(named->key);
+  for (const Field* named : rule.Fields()) {
+    const Field* const field = Find(named->key);
     if (field == nullptr || !Holds(field->shown) || !Holds(field->enabled)) continue;
     if (rule.asks == Rule::Asks::kFilled) {
       if (Blank(*field)) return field->demand.refusal_if_blank;

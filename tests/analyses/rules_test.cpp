@@ -74,8 +74,7 @@ TEST(RuleCases, CoverEveryFieldOfEveryRule) {
     const Analysis& analysis = *entry.analysis;
     const Form form(*analysis.dialog);
     for (const Rule& rule : analysis.dialog->rules)
-      for (const Field* named : rule.fields) {
-        if (named == nullptr) continue;
+      for (const Field* named : rule.Fields()) {
         const Demand& demand = form.Find(named->key)->demand;
         const std::string_view words =
             rule.asks == Rule::Asks::kFilled ? demand.refusal_if_blank : demand.refusal;

@@ -53,22 +53,25 @@ TEST(EstimateGaussian, WidensTheFactorForSmallSamples) {
   EXPECT_NEAR(Raw(EstimateGaussian(0, 1, 1e9).upper.value), 1.96, 1e-8);
 }
 
-// The probability that the 2.5th percentile lies between the values of ranks a and b.
-double CoverageOf(const ConfidenceRanks& ranks, int N) {
-  double coverage = 0;
-  for (int k = static_cast<int>(Raw(ranks.a)); k < Raw(ranks.b); ++k)
-    coverage += std::exp(std::lgamma(N + 1) - std::lgamma(k + 1) - std::lgamma(N - k + 1) +
-                         k * std::log(0.025) + (N - k) * std::log(0.975));
-  return coverage;
+// The probability that fewer than `rank` of N values lie below the 2.5th percentile.
+double FewerBelow(int rank, int N) {
+  double probability = 0;
+  for (int k = 0; k < rank; ++k)
+    probability += std::exp(std::lgamma(N + 1) - std::lgamma(k + 1) - std::lgamma(N - k + 1) +
+                            k * std::log(0.025) + (N - k) * std::log(0.975));
+  return probability;
 }
 
-TEST(ConfidenceRanks, CoverThePercentileWithNinetyPercent) {
+// The narrowest ranks that leave at most 5 % on either side.
+TEST(ConfidenceRanks, AreThoseOfTheBinomialDistribution) {
   EXPECT_FALSE(FindConfidenceRanks(119));
   for (int N = 120; N <= 1000; ++N) {
     const ConfidenceRanks ranks = *FindConfidenceRanks(N);
-    const double coverage = CoverageOf(ranks, N);
-    EXPECT_GE(coverage, 0.9) << N;
-    EXPECT_LT(coverage, 0.97) << N;
+    const int a = static_cast<int>(Raw(ranks.a)), b = static_cast<int>(Raw(ranks.b));
+    EXPECT_LE(FewerBelow(a, N), 0.05) << N;
+    EXPECT_GT(FewerBelow(a + 1, N), 0.05) << N;
+    EXPECT_GE(FewerBelow(b, N), 0.95) << N;
+    EXPECT_LT(FewerBelow(b - 1, N), 0.95) << N;
     EXPECT_EQ(ranks.c, N + 1 - ranks.b);
     EXPECT_EQ(ranks.d, N + 1 - ranks.a);
   }
