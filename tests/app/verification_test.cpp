@@ -70,9 +70,9 @@ TEST_F(VerificationTables, DecideWhatPasses) {
   EXPECT_EQ(verification.Failures(), 0);
   EXPECT_THAT(verification.Verdict(), HasSubstr("All 1 results agree"));
 
-  for (const char* failing : {"a,slope,slope,1.00213,6,by hand",      // another number
+  for (const char* failing : {"a,slope,slope,1.00213,6,by hand",     // another number
                               "a,slope,Slope,1.00211681802045,0,x",  // no such name
-                              "a,n,outliers,0,0,x"}) {  // on no row of this sheet
+                              "a,n,outliers,0,0,x"}) {               // on no row of this sheet
     WriteResult(failing);
     verification = Verify(folder.path());
     EXPECT_EQ(verification.Failures(), 1) << failing;
