@@ -28,7 +28,7 @@ inline constexpr Field kReplications{.key = "replications",
 
 inline constexpr Field kNonparametricFields[] = {kPercentileRule, kReplications};
 
-inline constexpr Dialog frmRefNonparametricOptions{
+constexpr Dialog frmRefNonparametricOptions{
     .window = "frmRefNonparametricOptions",
     .title = "Nonparametric Reference Interval Options",
     .fields = kNonparametricFields,
@@ -91,7 +91,7 @@ inline constexpr Field kFields[] = {
     kShowGaussian,
 };
 
-inline constexpr Dialog frmRefOptions{
+constexpr Dialog frmRefOptions{
     .window = "frmRefOptions",
     .title = "Quorval Reference Interval ",
     .fields = kFields,
