@@ -140,6 +140,20 @@ TEST(OneSample, TakesEachHistogramsClassesFromItsOwnGroup) {
   EXPECT_THAT(counts, ElementsAre(7, 4, 1));
 }
 
+// One class can be asked for; fewer are one as well, and that is told.
+TEST(OneSample, DrawsOneClassAtLeast) {
+  const struct {
+    const char* count;
+    std::size_t notices;
+  } cases[] = {{"1", 0}, {"0", 1}, {"-2", 1}};
+  for (const auto& [count, notices] : cases) {
+    const Transcript told =
+        RunGlucose({{"absolute-classes", "user"}, {"absolute-class-count", count}});
+    EXPECT_EQ(told.PlotOf("frmHistoAbsPlot").series[0].points.size(), 1U) << count;
+    EXPECT_EQ(told.notices.size(), notices) << count;
+  }
+}
+
 // --- Edges and early ends
 
 TEST(OneSample, RunsOnThreeValues) {
