@@ -30,8 +30,8 @@ class Hash {
     Add(cell.text);
     Add(cell.value ? std::bit_cast<std::uint64_t>(*cell.value) : ~std::uint64_t{0});
     Add((std::uint64_t{cell.look.decimals} << 32) + static_cast<std::uint64_t>(cell.look.type));
-    Add(std::uint64_t{cell.look.colour} * 8 + cell.look.bold * 4u + cell.look.italic * 2u +
-        cell.look.overflow);
+    Add(std::uint64_t{cell.look.colour} * 8 + (cell.look.bold ? 4 : 0) +
+        (cell.look.italic ? 2 : 0) + (cell.look.overflow ? 1 : 0));
     Add(cell.picture ? std::string_view(*cell.picture) : std::string_view{});
   }
   std::uint64_t value() const { return value_; }

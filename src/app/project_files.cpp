@@ -168,12 +168,13 @@ void ProjectFiles::Write(const fs::path& path) {
 void ProjectFiles::Import() {
   Command("Error in Excel file import", [&] {
     if (!StartAnew()) return;
+    constexpr std::string_view kAll =
+        "All that can be imported (*.xls *.xlsx *.ods *.csv *.tsv)|"
+        "*.xls;*.xlsx;*.ods;*.csv;*.tsv";
     const auto path = platform_.AskOpen(
         {.title = "Open",
-         .filters = {"All that can be imported (*.xls *.xlsx *.ods *.csv *.tsv)|"
-                     "*.xls;*.xlsx;*.ods;*.csv;*.tsv",
-                     "Import file (*.xls)|*.xls", "Excel workbook (*.xlsx)|*.xlsx",
-                     "OpenDocument spreadsheet (*.ods)|*.ods",
+         .filters = {std::string(kAll), "Import file (*.xls)|*.xls",
+                     "Excel workbook (*.xlsx)|*.xlsx", "OpenDocument spreadsheet (*.ods)|*.ods",
                      "Separated values (*.csv *.tsv)|*.csv;*.tsv"}});
     if (path) ImportFrom(*path);
   });

@@ -77,10 +77,10 @@ Notices LossesOf(const Grid& grid, const ExportLimits& limits) {
   for (std::size_t i = 0; i < std::size(kLosses); ++i) {
     const auto& [cells, first] = met[i];
     if (cells == 0) continue;
-    const std::string where =
-        cells == 1 ? "1 cell, " : std::to_string(cells) + " cells, the first is ";
-    notices.push_back(
-        {kLosses[i].kind, std::string(kLosses[i].words) + ": " + where + first, {}, {}});
+    std::string text(kLosses[i].words);
+    text += cells == 1 ? ": 1 cell, " : ": " + std::to_string(cells) + " cells, the first is ";
+    text += first;
+    notices.push_back({kLosses[i].kind, std::move(text), {}, {}});
   }
   return notices;
 }

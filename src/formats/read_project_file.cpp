@@ -233,7 +233,8 @@ SavedGrid ReadCells(const Database& database, Budget& budget) {
 }  // namespace
 
 bool IsProjectFile(const std::filesystem::path& path) {
-  constexpr std::string_view kSignature{"SQLite format 3", 16};
+  static constexpr char kBytes[] = "SQLite format 3";  // and a NUL
+  constexpr std::string_view kSignature(kBytes, sizeof kBytes);
   std::array<char, kSignature.size()> bytes{};
   if (!std::filesystem::is_regular_file(path)) return false;
   std::ifstream file(path, std::ios::binary);

@@ -61,8 +61,9 @@ std::optional<std::string> ZipReader::Read(std::string_view part) const {
     throw FileError("the workbook is packed in a way that workbooks are not");
   budget_.packed.Take(about.comp_size);
   budget_.unpacked.Take(about.size);
-  std::optional<std::string> bytes = Packed(about);
-  if (bytes && about.comp_method == ZIP_CM_DEFLATE) bytes = Inflated(*bytes, about.size);
+  std::optional<std::string> packed = Packed(about);
+  const bool inflates = packed && about.comp_method == ZIP_CM_DEFLATE;
+  std::optional<std::string> bytes = inflates ? Inflated(*packed, about.size) : std::move(packed);
   if (!bytes || bytes->size() != about.size ||
       libdeflate_crc32(0, bytes->data(), bytes->size()) != about.crc)
     Damaged(part);

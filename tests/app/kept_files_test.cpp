@@ -245,15 +245,18 @@ TEST_F(KeptFilesTest, ASpreadsheetThatIsDroppedIsImported) {
 }
 
 TEST_F(KeptFilesTest, TheSheetOnTheScreenIsEmptyBeforeTheFileDialogOpens) {
-  for (auto command : {&ProjectFiles::Open, &ProjectFiles::Import}) {
+  int looked = 0;
+  files.WhenEmptied([&] { ++looked; });
+  platform.at_dialog = [&] { EXPECT_EQ(looked, 1); };
+  const auto looks_once = [&](const std::function<void()>& command) {
     Fill();
-    int looked = 0;
-    files.WhenEmptied([&] { ++looked; });
-    platform.at_dialog = [&] { EXPECT_EQ(looked, 1); };
-    (files.*command)();
+    looked = 0;
+    command();
     EXPECT_EQ(looked, 1);
     EXPECT_FALSE(workbench.project().HasData());
-  }
+  };
+  looks_once([&] { files.Open(); });
+  looks_once([&] { files.Import(); });
 }
 
 // --- The way back

@@ -102,7 +102,7 @@ CutOffSweep SweepOf(const DiagnosticGroups& groups) {
 
 DifferenceError EstimateError(Messages& messages, Notices& notices, const ComparisonInput& input,
                               Real D) {
-  const auto& [test1, test2, with_se] = input;
+  const DiagnosticGroups &test1 = input.test1, &test2 = input.test2;
   if (test1.N1() != test2.N1() || test1.N2() != test2.N2()) {
     NoteLengths(notices, {{test1.FirstCol, test1.FirstSample.size()},
                           {test2.FirstCol, test2.FirstSample.size()}});

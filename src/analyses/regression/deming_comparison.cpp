@@ -56,14 +56,16 @@ void ReportDeming(Messages& messages, ResultsSheet& sheet, const DemingInput& in
   } else {
     sheet.Row(18, kSdRatioRow(Real(input.sd_ratio)));
   }
-  result.distances = AsWideAs(
-      input.measured, [&]<class Width>() { return DistancesFromLine<Width>(input.data, line, e); });
+  result.distances = AsWideAs(input.measured, [&]<class Width>() {
+    return DistancesFromLine<Width>(input.data, result.line, result.e);
+  });
   sheet.Row(19, kLinearityTest, RunsTestClass(messages, distances.r));
   WriteTest(sheet, 20, kInterceptRows, TestAgainst(0, line.a0, errors.se_a0, df));
   WriteCriticalValues(sheet, 25, input.levels, errors.estimates);
 
-  result.z = AsWideAs(input.measured,
-                      [&]<class Width>() { return Standardise<Width>(messages, distances.r); });
+  result.z = AsWideAs(input.measured, [&]<class Width>() {
+    return Standardise<Width>(messages, result.distances.r);
+  });
   result.outliers = MarkOutliers(messages, input, distances.r);
   WriteOutliers(sheet, {.count = 29, .first = 33, .more = 43}, input, outliers);
 
