@@ -14,6 +14,10 @@ namespace {
                   " is not what its length and check sum say");
 }
 
+bool IsWhole(const std::string& bytes, const zip_stat_t& about) {
+  return bytes.size() == about.size && libdeflate_crc32(0, bytes.data(), bytes.size()) == about.crc;
+}
+
 zip_t* Open(const std::filesystem::path& path) {
   int error = 0;
   zip_t* const archive = zip_open(path.c_str(), ZIP_RDONLY, &error);
@@ -64,9 +68,7 @@ std::optional<std::string> ZipReader::Read(std::string_view part) const {
   std::optional<std::string> packed = Packed(about);
   const bool inflates = packed && about.comp_method == ZIP_CM_DEFLATE;
   std::optional<std::string> bytes = inflates ? Inflated(*packed, about.size) : std::move(packed);
-  if (!bytes || bytes->size() != about.size ||
-      libdeflate_crc32(0, bytes->data(), bytes->size()) != about.crc)
-    Damaged(part);
+  if (!bytes || !IsWhole(*bytes, about)) Damaged(part);
   return bytes;
 }
 

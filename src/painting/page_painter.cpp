@@ -171,7 +171,8 @@ class JobPainter {
     painter_.setFont(fonts_.Of({}));
     painter_.setPen(Qt::black);
     for (const QString& part : ToQt(text).split(u'\n')) {
-      painter_.drawText(OnDevice(line), (alignment | Qt::AlignVCenter).toInt() | Qt::TextDontClip,
+      painter_.drawText(OnDevice(line),
+                        static_cast<int>((alignment | Qt::AlignVCenter).toInt()) | Qt::TextDontClip,
                         part);
       line.translate(0, fonts_.LineHeight());
     }
